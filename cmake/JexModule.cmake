@@ -1,4 +1,4 @@
-# Helpers shared by the modules: a test target per folder, registered with CTest.
+# Helpers shared by the modules: a test executable and a benchmark executable per folder.
 
 # jex_add_tests(NAME SOURCES... LIBS ...): one GoogleTest executable, its cases discovered by CTest.
 function(jex_add_tests name)
@@ -6,7 +6,42 @@ function(jex_add_tests name)
     return()
   endif()
   cmake_parse_arguments(T "" "" "SOURCES;LIBS" ${ARGN})
+  if(NOT T_SOURCES)
+    return()
+  endif()
   add_executable(${name} ${T_SOURCES})
-  target_link_libraries(${name} PRIVATE ${T_LIBS} GTest::gtest GTest::gtest_main)
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+  target_link_libraries(${name} PRIVATE ${T_LIBS} GTest::gtest GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
+endfunction()
+
+# jex_add_benchmark(NAME SOURCES... LIBS ...): one Google Benchmark executable (not a test).
+function(jex_add_benchmark name)
+  if(NOT JEX_BUILD_BENCHMARKS)
+    return()
+  endif()
+  cmake_parse_arguments(B "" "" "SOURCES;LIBS" ${ARGN})
+  if(NOT B_SOURCES)
+    return()
+  endif()
+  find_package(benchmark REQUIRED)
+  add_executable(${name} ${B_SOURCES})
+  target_link_libraries(${name} PRIVATE ${B_LIBS} benchmark::benchmark)
+endfunction()
+
+# jex_layer(NAME DIR LIBS...): a shared library from DIR/src/*.cpp with DIR/include public, its tests from
+# DIR/tests/*.cpp and its benchmarks from DIR/bench/*.cpp.
+function(jex_layer name)
+  cmake_parse_arguments(L "" "" "LIBS;TEST_LIBS" ${ARGN})
+  file(GLOB_RECURSE srcs CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/*.cpp)
+  if(NOT srcs)
+    message(STATUS "${name}: no sources yet, skipped")
+    return()
+  endif()
+  add_library(${name} SHARED ${srcs})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/include)
+  target_link_libraries(${name} PUBLIC ${L_LIBS})
+  file(GLOB tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tests/*.cpp)
+  jex_add_tests(${name}_tests SOURCES ${tests} LIBS ${name} ${L_TEST_LIBS})
+  file(GLOB benches CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/bench/*.cpp)
+  jex_add_benchmark(${name}_bench SOURCES ${benches} LIBS ${name} ${L_TEST_LIBS})
 endfunction()
