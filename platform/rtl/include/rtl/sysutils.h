@@ -85,6 +85,8 @@ int64_t StrToInt64(std::string_view s);
 int64_t StrToInt64Def(std::string_view s, int64_t def);
 bool TryStrToInt64(std::string_view s, int64_t& value);
 std::string IntToStr(int64_t value);
+// Upper-case hex with at least `digits` digits; a negative value is shown as its 64-bit pattern (pass
+// uint32_t for the 32-bit one).
 std::string IntToHex(int64_t value, int digits);
 
 // ---- Floats (decimal separator '.') ----------------------------------------------------------------
@@ -159,10 +161,18 @@ void WriteFileBytes(std::string_view fileName, std::string_view bytes);
 // ---- Text encodings ----------------------------------------------------------------------------------
 // Windows-1252 bytes to UTF-8 (undefined bytes map to U+FFFD), and back (unmappable -> '?').
 std::string Cp1252ToUtf8(std::string_view bytes);
+std::string Utf8ToCp1252(std::string_view s);
 bool IsValidUtf8(std::string_view s);
 std::string CodePointToUtf8(uint32_t cp);
 // Decodes UTF-8 into code points; invalid bytes become U+FFFD.
 std::u32string Utf8ToUtf32(std::string_view s);
 std::string Utf32ToUtf8(std::u32string_view s);
+
+// ---- System directory ---------------------------------------------------------------------------------
+// Where bare INI file names and the registry file live. Defaults to $JEX_SYSTEM_DIR, else
+// $XDG_CONFIG_HOME/jexdesign/system, else $HOME/.config/jexdesign/system; the folder is created by the
+// first write into it. Setting an empty string goes back to the default.
+std::string GetSystemDirectory();
+void SetSystemDirectory(const std::string& dir);
 
 } // namespace rtl
