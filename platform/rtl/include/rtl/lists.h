@@ -2,6 +2,7 @@
 // platform's line-break and file rules.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -71,7 +72,7 @@ class TStrings : public TPersistent {
     void AddStrings(const std::vector<std::string>& strings);
     int IndexOfObject(const TObject* obj) const;
     int IndexOfName(std::string_view name) const;
-    std::string Names(int index) const;       // text before the first '='
+    std::string Names(int index) const; // text before the first '='
     std::string Values(std::string_view name) const;
     void SetValues(std::string_view name, const std::string& value);
     std::string Text() const { return GetText(); }
@@ -84,7 +85,7 @@ class TStrings : public TPersistent {
     void EndUpdate();
     int UpdateCount() const { return FUpdateCount; }
 
-    void LoadFromFile(const std::string& fileName); // raises EFOpenError
+    void LoadFromFile(const std::string& fileName);     // raises EFOpenError
     void SaveToFile(const std::string& fileName) const; // every line followed by CR LF; raises EFCreateError
     void LoadFromBytes(std::string_view bytes);
     std::string SaveToBytes() const;
@@ -94,6 +95,8 @@ class TStrings : public TPersistent {
 
 protected:
     virtual void SetUpdateState(bool updating) {}
+    // How IndexOf, IndexOfName and Values compare: ignoring case here, TStringList honours CaseSensitive.
+    virtual int CompareStrings(std::string_view a, std::string_view b) const;
     [[noreturn]] void Error(const char* msg, int index) const;
 
 private:
@@ -118,6 +121,7 @@ class TStringList : public TStrings {
     int AddObject(const std::string& s, TObject* obj) override;
     int IndexOf(std::string_view s) const override;
     void Exchange(int a, int b) override;
+    void Move(int from, int to) override; // in place; raises on a sorted list
 
     // Binary search on a sorted list: true and the index when found, else false and the insert position.
     bool Find(std::string_view s, int& index) const;
@@ -139,7 +143,7 @@ protected:
     void SetUpdateState(bool updating) override;
     virtual void Changed();
     virtual void Changing();
-    int CompareStrings(std::string_view a, std::string_view b) const;
+    int CompareStrings(std::string_view a, std::string_view b) const override;
 
 private:
     struct Item {
@@ -147,6 +151,7 @@ private:
         TObject* Obj = nullptr;
     };
     void InsertItem(int index, const std::string& s, TObject* obj);
+    void SortItems(const std::function<int(int, int)>& compare);
     std::vector<Item> FItems;
     bool FSorted = false;
     bool FCaseSensitive = false;
