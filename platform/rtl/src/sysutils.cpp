@@ -104,16 +104,18 @@ TDecimal ToDecimal(double v) {
 }
 
 // Keeps `keep` significant digits (which may be zero or negative: rounding to a position left of the first
-// digit), rounding half away from zero. Trailing digits are dropped, never padded.
+// digit), rounding half away from zero. Trailing zeros are dropped; readers pad with DigitAt.
 void RoundDigits(TDecimal& d, int keep) {
     if (d.Digits.empty()) return;
     if (keep < 0) {
         d.Digits.clear();
         return;
     }
-    if (keep >= static_cast<int>(d.Digits.size())) return;
-    bool up = d.Digits[keep] >= '5';
-    d.Digits.resize(keep);
+    bool up = false;
+    if (keep < static_cast<int>(d.Digits.size())) {
+        up = d.Digits[keep] >= '5';
+        d.Digits.resize(keep);
+    }
     if (up) {
         int i = keep - 1;
         while (i >= 0 && d.Digits[i] == '9')
