@@ -168,9 +168,15 @@ TLine Prepare(const TFont& font) {
     line.Em = EmPixels(font, face);
     if (face && FT_Set_Pixel_Sizes(face, 0, line.Em) == 0) {
         line.Face = face;
-        line.Ascent = static_cast<int>((face->size->metrics.ascender + 63) >> 6);
-        int descent = static_cast<int>((-face->size->metrics.descender + 63) >> 6);
-        line.Height = line.Ascent + descent;
+        // Ascent and descent from the design units, each rounded, so that a positive Font.Height (the cell
+        // height) comes back as the text height.
+        double ascent = face->ascender, descent = -face->descender;
+        if (auto* os2 = static_cast<TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
+            os2 && os2->version != 0xFFFF)
+            if (os2->usWinAscent + os2->usWinDescent > 0)
+                ascent = os2->usWinAscent, descent = os2->usWinDescent;
+        line.Ascent = static_cast<int>(std::lround(ascent * line.Em / face->units_per_EM));
+        line.Height = line.Ascent + static_cast<int>(std::lround(descent * line.Em / face->units_per_EM));
     } else {
         line.Ascent = (line.Em * 93 + 99) / 100;
         line.Height = (line.Em * 117 + 99) / 100;
