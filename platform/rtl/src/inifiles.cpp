@@ -12,12 +12,6 @@ JEX_IMPLEMENT_CLASS(TIniFile, TObject, "IniFiles") {}
 
 namespace {
 
-std::string Unquote(std::string v) {
-    if (v.size() >= 2 && (v.front() == '"' || v.front() == '\'') && v.back() == v.front())
-        return v.substr(1, v.size() - 2);
-    return v;
-}
-
 bool HasLineBreak(std::string_view s) {
     return s.find_first_of("\r\n") != std::string_view::npos;
 }
@@ -28,18 +22,14 @@ void CheckSection(const std::string& section) {
 }
 
 void CheckIdent(const std::string& ident) {
-    std::string k = Trim(ident);
-    if (k.empty() || HasLineBreak(ident) || k.find('=') != std::string::npos || k[0] == ';' || k[0] == '[')
-        throw EIniFileException("Invalid INI key name '" + ident + "'");
+    if (!detail::IsProfileKeyName(ident)) throw EIniFileException("Invalid INI key name '" + ident + "'");
 }
 
-// How a value is written so that ReadString gives it back unchanged.
 std::string EncodeValue(const std::string& value) {
-    if (HasLineBreak(value)) throw EIniFileException("An INI value cannot hold a line break");
-    bool blankEnds = !value.empty() && (static_cast<unsigned char>(value.front()) <= ' ' ||
-                                        static_cast<unsigned char>(value.back()) <= ' ');
-    bool quoted = Unquote(value).size() != value.size();
-    return blankEnds || quoted ? "\"" + value + "\"" : value;
+    std::string text;
+    if (!detail::EncodeProfileValue(value, text))
+        throw EIniFileException("An INI value cannot hold a line break");
+    return text;
 }
 
 } // namespace
@@ -52,7 +42,7 @@ std::string TIniFile::ReadString(const std::string& Section, const std::string& 
     std::string result = Default;
     detail::ReadProfile(FPath, [&](const TProfileDocument& doc) {
         int k = doc.FindKey(doc.FindSection(Section), Ident);
-        if (k >= 0) result = Unquote(doc.RawValue(k));
+        if (k >= 0) result = detail::UnquoteProfileValue(doc.RawValue(k));
     });
     return result;
 }
@@ -130,7 +120,7 @@ void TIniFile::ReadSectionValues(const std::string& Section, TStrings* Strings) 
     detail::ReadProfile(FPath, [&](const TProfileDocument& doc) {
         int h = doc.FindSection(Section);
         for (const std::string& key : doc.KeyNames(h))
-            lines.push_back(key + "=" + Unquote(doc.RawValue(doc.FindKey(h, key))));
+            lines.push_back(key + "=" + detail::UnquoteProfileValue(doc.RawValue(doc.FindKey(h, key))));
     });
     Strings->BeginUpdate();
     try {

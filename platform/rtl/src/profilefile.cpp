@@ -204,6 +204,11 @@ bool TProfileDocument::EraseSections(const std::function<bool(const std::string&
             bool keepNoFinalBreak = end == FLines.size() && FLines.back().Eol.empty();
             FLines.erase(FLines.begin() + static_cast<ptrdiff_t>(i),
                          FLines.begin() + static_cast<ptrdiff_t>(end));
+            if (i == FLines.size()) {
+                // The blank lines that set the last section apart go with it.
+                while (!FLines.empty() && FLines.back().Kind == TProfileLine::lkBlank)
+                    FLines.pop_back();
+            }
             if (keepNoFinalBreak && !FLines.empty()) FLines.back().Eol.clear();
             removed = true;
         } else {
@@ -319,6 +324,27 @@ void ChangeProfile(const std::string& path, const std::function<bool(TProfileDoc
 void FlushProfile(const std::string& path) {
     std::lock_guard<std::mutex> lock(gProfileLock);
     gProfiles.erase(CacheKey(path));
+}
+
+std::string UnquoteProfileValue(std::string v) {
+    if (v.size() >= 2 && (v.front() == '"' || v.front() == '\'') && v.back() == v.front())
+        return v.substr(1, v.size() - 2);
+    return v;
+}
+
+bool EncodeProfileValue(const std::string& value, std::string& text) {
+    if (value.find_first_of("\r\n") != std::string::npos) return false;
+    bool blankEnds = !value.empty() && (static_cast<unsigned char>(value.front()) <= ' ' ||
+                                        static_cast<unsigned char>(value.back()) <= ' ');
+    bool quoted = UnquoteProfileValue(value).size() != value.size();
+    text = blankEnds || quoted ? "\"" + value + "\"" : value;
+    return true;
+}
+
+bool IsProfileKeyName(std::string_view name) {
+    std::string k = Trim(name);
+    return !k.empty() && name.find_first_of("\r\n") == std::string_view::npos &&
+           k.find('=') == std::string::npos && k[0] != ';' && k[0] != '[';
 }
 
 std::string ResolveProfilePath(const std::string& fileName) {

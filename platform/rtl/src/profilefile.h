@@ -66,6 +66,14 @@ void ChangeProfile(const std::string& path, const std::function<bool(TProfileDoc
 // Forgets the cached copy of the file.
 void FlushProfile(const std::string& path);
 
+// A value as read: one matching pair of double or single quotes removed.
+std::string UnquoteProfileValue(std::string value);
+// A value as written so that it reads back unchanged: in double quotes when it has blanks at either end or
+// is itself quoted. False when no line can hold it (a line break).
+bool EncodeProfileValue(const std::string& value, std::string& text);
+// A name a key line can hold: not empty, no '=', no line break, not starting like a comment or a section.
+bool IsProfileKeyName(std::string_view name);
+
 // A file name without a directory lives in the system directory.
 std::string ResolveProfilePath(const std::string& fileName);
 
