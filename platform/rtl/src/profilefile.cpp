@@ -15,6 +15,7 @@ namespace rtl::detail {
 
 // ---- TProfileDocument -----------------------------------------------------------------------------------
 void TProfileDocument::Parse(std::string_view bytes) {
+    FIndexValid = false;
     FLines.clear();
     FBom.clear();
     FNewEol = "\r\n";
@@ -77,6 +78,7 @@ void TProfileDocument::Classify(TProfileLine& line) const {
 }
 
 void TProfileDocument::SetText(TProfileLine& line, std::string text) {
+    FIndexValid = false;
     if (FAnsi && Cp1252ToUtf8(Utf8ToCp1252(text)) != text) {
         // The new text has characters Windows-1252 lacks: the file becomes UTF-8 rather than lose them.
         // Other lines keep their meaning, only their bytes change.
@@ -90,6 +92,7 @@ void TProfileDocument::SetText(TProfileLine& line, std::string text) {
 }
 
 void TProfileDocument::InsertLine(size_t at, std::string text) {
+    FIndexValid = false;
     TProfileLine line;
     line.Eol = FNewEol;
     if (at == FLines.size() && !FLines.empty() && FLines.back().Eol.empty()) {
@@ -101,12 +104,30 @@ void TProfileDocument::InsertLine(size_t at, std::string text) {
     SetText(*it, std::move(text));
 }
 
+void TProfileDocument::BuildIndex() const {
+    FSectionIndex.clear();
+    FKeyIndex.clear();
+    int header = -1;
+    for (size_t i = 0; i < FLines.size(); ++i) {
+        const TProfileLine& l = FLines[i];
+        if (l.Kind == TProfileLine::lkSection) {
+            header = static_cast<int>(i);
+            FSectionIndex.emplace(UpperCase(l.Name), header); // keeps the first of equal names
+        } else if (l.Kind == TProfileLine::lkKey && header >= 0) {
+            FKeyIndex.emplace(KeyIndexName(header, l.Name), static_cast<int>(i));
+        }
+    }
+    FIndexValid = true;
+}
+
+std::string TProfileDocument::KeyIndexName(int header, std::string_view key) {
+    return std::to_string(header) + '\x01' + UpperCase(key);
+}
+
 int TProfileDocument::FindSection(std::string_view name) const {
-    std::string n = Trim(name);
-    for (size_t i = 0; i < FLines.size(); ++i)
-        if (FLines[i].Kind == TProfileLine::lkSection && SameText(FLines[i].Name, n))
-            return static_cast<int>(i);
-    return -1;
+    if (!FIndexValid) BuildIndex();
+    auto it = FSectionIndex.find(UpperCase(Trim(name)));
+    return it == FSectionIndex.end() ? -1 : it->second;
 }
 
 int TProfileDocument::SectionEnd(int header) const {
@@ -118,10 +139,9 @@ int TProfileDocument::SectionEnd(int header) const {
 
 int TProfileDocument::FindKey(int header, std::string_view key) const {
     if (header < 0) return -1;
-    std::string k = Trim(key);
-    for (int i = header + 1, end = SectionEnd(header); i < end; ++i)
-        if (FLines[i].Kind == TProfileLine::lkKey && SameText(FLines[i].Name, k)) return i;
-    return -1;
+    if (!FIndexValid) BuildIndex();
+    auto it = FKeyIndex.find(KeyIndexName(header, Trim(key)));
+    return it == FKeyIndex.end() ? -1 : it->second;
 }
 
 std::string TProfileDocument::RawValue(int line) const {
@@ -191,6 +211,7 @@ bool TProfileDocument::DeleteKey(std::string_view section, std::string_view key)
         bool wasLast = static_cast<size_t>(k) + 1 == FLines.size();
         std::string eol = FLines[static_cast<size_t>(k)].Eol;
         FLines.erase(FLines.begin() + k);
+        FIndexValid = false;
         if (wasLast && !FLines.empty() && eol.empty()) FLines.back().Eol.clear();
     }
     return removed;
@@ -210,6 +231,7 @@ bool TProfileDocument::EraseSections(const std::function<bool(const std::string&
                     FLines.pop_back();
             }
             if (keepNoFinalBreak && !FLines.empty()) FLines.back().Eol.clear();
+            FIndexValid = false;
             removed = true;
         } else {
             ++i;
@@ -251,12 +273,15 @@ TFileStamp StampOf(const std::string& path) {
     return s;
 }
 
-// A file changed within the file system's timestamp resolution may change again without its stamp
-// changing; such recent files are compared by content as well.
+// A file changed less than one timestamp tick ago may change again without its stamp changing, so such a
+// file is compared by content as well. Linux file systems stamp from a clock of a few milliseconds; one that
+// keeps whole seconds only (no nanoseconds in either time) gets two seconds.
 bool RecentlyChanged(const TFileStamp& s) {
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
-    return now.tv_sec - s.MTime.tv_sec < 3 || now.tv_sec - s.CTime.tv_sec < 3;
+    auto ns = [](const timespec& t) { return static_cast<int64_t>(t.tv_sec) * 1000000000 + t.tv_nsec; };
+    int64_t window = (s.MTime.tv_nsec == 0 && s.CTime.tv_nsec == 0) ? 2000000000 : 100000000;
+    return ns(now) - ns(s.MTime) < window || ns(now) - ns(s.CTime) < window;
 }
 
 struct TCacheEntry {
@@ -293,20 +318,16 @@ TCacheEntry& Current(const std::string& path) {
     return *slot;
 }
 
-std::string CacheKey(const std::string& path) {
-    return ExpandFileName(path);
-}
-
 } // namespace
 
 void ReadProfile(const std::string& path, const std::function<void(const TProfileDocument&)>& read) {
     std::lock_guard<std::mutex> lock(gProfileLock);
-    read(Current(CacheKey(path)).Doc);
+    read(Current(path).Doc);
 }
 
 void ChangeProfile(const std::string& path, const std::function<bool(TProfileDocument&)>& change) {
     std::lock_guard<std::mutex> lock(gProfileLock);
-    std::string key = CacheKey(path);
+    const std::string& key = path;
     TCacheEntry& entry = Current(key);
     if (!entry.Readable) throw EFOpenError(Format(SFOpenError, {path}));
     TProfileDocument doc = entry.Doc;
@@ -323,7 +344,7 @@ void ChangeProfile(const std::string& path, const std::function<bool(TProfileDoc
 
 void FlushProfile(const std::string& path) {
     std::lock_guard<std::mutex> lock(gProfileLock);
-    gProfiles.erase(CacheKey(path));
+    gProfiles.erase(path);
 }
 
 std::string UnquoteProfileValue(std::string v) {
@@ -349,8 +370,8 @@ bool IsProfileKeyName(std::string_view name) {
 
 std::string ResolveProfilePath(const std::string& fileName) {
     if (!fileName.empty() && ExtractFilePath(fileName).empty())
-        return IncludeTrailingPathDelimiter(GetSystemDirectory()) + fileName;
-    return fileName;
+        return ExpandFileName(IncludeTrailingPathDelimiter(GetSystemDirectory()) + fileName);
+    return ExpandFileName(fileName);
 }
 
 } // namespace rtl::detail

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace rtl::detail {
@@ -49,6 +50,12 @@ private:
     void Classify(TProfileLine& line) const;
     void InsertLine(size_t at, std::string text);
     void AppendSection(std::string_view section);
+    // Lookup tables by upper-case name, rebuilt on first use after a change.
+    void BuildIndex() const;
+    static std::string KeyIndexName(int header, std::string_view key);
+    mutable bool FIndexValid = false;
+    mutable std::unordered_map<std::string, int> FSectionIndex;
+    mutable std::unordered_map<std::string, int> FKeyIndex;
 
     std::vector<TProfileLine> FLines;
     std::string FBom;
@@ -56,6 +63,7 @@ private:
     std::string FNewEol = "\r\n"; // line break of new lines: the file's own, CR LF for a new file
 };
 
+// `path` is absolute and normalised (see ResolveProfilePath); it names the cache entry.
 // Runs `read` on the current contents of the file (re-read only when it changed on disk). A missing or
 // unreadable file reads as empty.
 void ReadProfile(const std::string& path, const std::function<void(const TProfileDocument&)>& read);
@@ -74,7 +82,7 @@ bool EncodeProfileValue(const std::string& value, std::string& text);
 // A name a key line can hold: not empty, no '=', no line break, not starting like a comment or a section.
 bool IsProfileKeyName(std::string_view name);
 
-// A file name without a directory lives in the system directory.
+// The absolute, normalised path of a profile file; a name without a directory lives in the system directory.
 std::string ResolveProfilePath(const std::string& fileName);
 
 } // namespace rtl::detail

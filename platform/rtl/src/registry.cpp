@@ -74,7 +74,7 @@ struct TRegistry::TValue {
     int32_t Int = 0;
 };
 
-TRegistry::TRegistry() : FFile(IncludeTrailingPathDelimiter(GetSystemDirectory()) + "registry.ini") {}
+TRegistry::TRegistry() : FFile(detail::ResolveProfilePath("registry.ini")) {}
 
 void TRegistry::SetRootKey(HKEY value) {
     if (!RootName(value)) throw ERegistryException("Invalid root key");
