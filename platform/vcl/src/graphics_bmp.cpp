@@ -346,7 +346,7 @@ void DecodeBmpFile(const uint8_t* buf, size_t size, size_t offset, TDibImage& ou
 }
 
 void EncodeBmpFile(int width, int height, const uint32_t* pixels, TPixelFormat format,
-                   const std::vector<uint32_t>& palette, std::vector<uint8_t>& out) {
+                   const std::vector<uint32_t>& palette, std::vector<uint8_t>& out, const uint8_t* alpha) {
     int bpp;
     switch (format) {
     case pf1bit:
@@ -449,6 +449,7 @@ void EncodeBmpFile(int width, int height, const uint32_t* pixels, TPixelFormat f
                 row[4 * x] = B(c);
                 row[4 * x + 1] = G(c);
                 row[4 * x + 2] = R(c);
+                row[4 * x + 3] = alpha ? alpha[size_t(y) * width + x] : 0;
                 break;
             }
         }

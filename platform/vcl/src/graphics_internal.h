@@ -30,9 +30,10 @@ void DecodeBmpFile(const uint8_t* buf, size_t size, size_t offset, TDibImage& ou
 // height (icons store twice the height). Raises EInvalidGraphic.
 void DecodeDib(const uint8_t* buf, size_t size, size_t offset, int heightOverride, TDibImage& out);
 // Encodes pixels as a BMP file of the given format (palette used for 1/4/8 bits, pixels mapped to the
-// nearest entry). Appends to out.
+// nearest entry; alpha, when given, fills the fourth byte of 32-bit pixels). Appends to out.
 void EncodeBmpFile(int width, int height, const uint32_t* pixels, TPixelFormat format,
-                   const std::vector<uint32_t>& palette, std::vector<uint8_t>& out);
+                   const std::vector<uint32_t>& palette, std::vector<uint8_t>& out,
+                   const uint8_t* alpha = nullptr);
 
 // Index of the palette entry nearest to rgb (squared RGB distance; the first of equals).
 int NearestIndex(const std::vector<uint32_t>& palette, uint32_t rgb);

@@ -307,7 +307,8 @@ class TBitmap : public TGraphic {
     void SetTransparentMode(TTransparentMode m);
     uint32_t PixelRGB(int x, int y) const;        // $00BBGGRR; 0 outside the bitmap
     void SetPixelRGB(int x, int y, uint32_t rgb); // ignored outside the bitmap
-    // Row y, Width() pixels of $00BBGGRR. Writing through it bypasses palette snapping.
+    // Row y, Width() pixels of $00BBGGRR. Writing through it bypasses palette snapping and notification;
+    // call NotifyChanged when done.
     uint32_t* ScanLine(int y);
     const uint32_t* ScanLine(int y) const;
     // The colour this bitmap's format would store for rgb (nearest palette entry, 5-bit channels...).
@@ -316,11 +317,12 @@ class TBitmap : public TGraphic {
     // Platform calls that release device handles; pixels here are device-independent, so the image stays.
     void Dormant() {}
     void FreeImage() {}
+    // Runs OnChange, after pixels were changed through ScanLine.
+    void NotifyChanged() { Changed(); }
 
 private:
     friend class TCanvas;
     void Resize(int w, int h);
-    void NotifyChanged() { Changed(); }
     int FWidth = 0, FHeight = 0;
     std::vector<uint32_t> FPixels;
     std::vector<uint32_t> FPalette;
