@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <iterator>
 #include <mutex>
 
@@ -119,54 +118,6 @@ constexpr uint32_t SystemScheme[] = {
     0xC0C0C0, // menu bar
 };
 
-// Integer text with the platform's StrToInt rules: blanks, sign, decimal or hex after $ / x / 0x, nothing
-// after.
-bool ParseColorInt(const std::string& s, int32_t& out) {
-    size_t i = 0, n = s.size();
-    size_t nul = s.find('\0');
-    if (nul != std::string::npos) n = nul;
-    while (i < n && s[i] == ' ')
-        ++i;
-    bool neg = false;
-    if (i < n && (s[i] == '+' || s[i] == '-')) neg = s[i++] == '-';
-    int base = 10;
-    if (i < n && s[i] == '$') {
-        base = 16;
-        ++i;
-    } else if (i < n && (s[i] == 'x' || s[i] == 'X')) {
-        base = 16;
-        ++i;
-    } else if (i + 1 < n && s[i] == '0' && (s[i + 1] == 'x' || s[i + 1] == 'X')) {
-        base = 16;
-        i += 2;
-    }
-    if (i >= n) return false;
-    uint64_t v = 0;
-    for (; i < n; ++i) {
-        char c = s[i];
-        int d;
-        if (c >= '0' && c <= '9')
-            d = c - '0';
-        else if (base == 16 && c >= 'a' && c <= 'f')
-            d = c - 'a' + 10;
-        else if (base == 16 && c >= 'A' && c <= 'F')
-            d = c - 'A' + 10;
-        else
-            return false;
-        v = v * base + d;
-        if (v > 0xFFFFFFFFull) return false;
-    }
-    // Hex text may spell the full 32-bit pattern ($80000005); decimal must fit the signed range.
-    if (base == 10) {
-        if (neg ? v > 0x80000000ull : v > 0x7FFFFFFFull) return false;
-        out = static_cast<int32_t>(neg ? -static_cast<int64_t>(v) : static_cast<int64_t>(v));
-    } else {
-        int64_t sv = static_cast<int64_t>(static_cast<int32_t>(static_cast<uint32_t>(v)));
-        out = static_cast<int32_t>(neg ? -sv : sv);
-    }
-    return true;
-}
-
 } // namespace
 
 bool ColorToIdent(TColor color, std::string& ident) {
@@ -201,9 +152,8 @@ std::string ColorToString(TColor color) {
 TColor StringToColor(const std::string& s) {
     TColor c;
     if (IdentToColor(s, c)) return c;
-    int32_t v;
-    if (ParseColorInt(s, v)) return v;
-    throw rtl::EConvertError(rtl::Format(rtl::SInvalidInteger, {s}));
+    // Any integer text, hexadecimal included: "$8000001E" is how an unnamed system colour is written.
+    return rtl::StrToInt(s);
 }
 
 void GetColorValues(const std::function<void(const std::string&)>& proc) {
@@ -384,19 +334,13 @@ void TGraphic::SetTransparent(bool v) {
 }
 
 std::vector<uint8_t> detail::ReadGraphicFile(const std::string& fileName) {
-    std::ifstream in(fileName, std::ios::binary);
-    if (!in) throw rtl::EFOpenError(rtl::Format(rtl::SFOpenError, {fileName}));
-    std::vector<uint8_t> bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    if (in.bad()) throw rtl::EFOpenError(rtl::Format(rtl::SFOpenError, {fileName}));
-    return bytes;
+    std::string bytes = rtl::ReadFileBytes(fileName);
+    return std::vector<uint8_t>(bytes.begin(), bytes.end());
 }
 
 void detail::WriteGraphicFile(const std::string& fileName, const std::vector<uint8_t>& bytes) {
-    std::ofstream out(fileName, std::ios::binary | std::ios::trunc);
-    if (!out) throw rtl::EFCreateError(rtl::Format(rtl::SFCreateError, {fileName}));
-    out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    if (!out) throw rtl::EFCreateError(rtl::Format(rtl::SFCreateError, {fileName}));
+    rtl::WriteFileBytes(fileName,
+                        std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
 }
 
 void TGraphic::LoadFromFile(const std::string& fileName) {

@@ -55,14 +55,6 @@ std::unique_ptr<TGraphic> NewGraphic(rtl::TClass cls) {
     return std::unique_ptr<TGraphic>(static_cast<TGraphic*>(cls->Create()));
 }
 
-// The extension with its dot, from the last '.' after the last path delimiter.
-std::string FileExt(const std::string& fileName) {
-    size_t dot = fileName.find_last_of(".");
-    size_t delim = fileName.find_last_of("/\\");
-    if (dot == std::string::npos || (delim != std::string::npos && dot < delim)) return {};
-    return fileName.substr(dot);
-}
-
 uint32_t BE32(const uint8_t* p) {
     return (uint32_t(p[0]) << 24) | (p[1] << 16) | (p[2] << 8) | p[3];
 }
@@ -221,7 +213,7 @@ int TPicture::Height() const {
 }
 
 void TPicture::LoadFromFile(const std::string& fileName) {
-    std::string ext = FileExt(fileName);
+    std::string ext = rtl::ExtractFileExt(fileName);
     std::string bare = rtl::LowerCase(ext.empty() ? ext : ext.substr(1));
     rtl::TClass cls = nullptr;
     for (const auto& f : Registry.Formats())
