@@ -314,7 +314,8 @@ void PutValue(const std::string& file, const std::string& section, const std::st
 
 std::string TRegistry::ReadString(const std::string& Name) const {
     TValue v;
-    if (!Lookup(Name, v)) throw ERegistryException(Format(SRegGetDataFailed, {Name}));
+    // As on the platform, a missing string value reads as empty; only a value of another type is an error.
+    if (!Lookup(Name, v)) return {};
     if (v.Type != rdString) throw ERegistryException(Format(SInvalidRegType, {Name}));
     return v.Str;
 }

@@ -52,7 +52,8 @@ class TRegistry : public TObject {
     void GetValueNames(TStrings* Strings) const;
     bool DeleteValue(const std::string& Name);
 
-    // Reading a missing value raises ERegistryException "Failed to get data for '%s'"; a value of the
+    // ReadString of a missing value returns ""; reading a missing integer or boolean raises
+    // ERegistryException "Failed to get data for '%s'"; a value of the
     // other type "Invalid data type for '%s'". Writing without an open key, to a read-only key, or a name
     // the file cannot hold raises "Failed to set data for '%s'".
     std::string ReadString(const std::string& Name) const;
