@@ -417,6 +417,29 @@ void TCanvas::Blit(const TRect& dest, const TBitmap* bitmap, const TRect& src, b
     Modified();
 }
 
+void TCanvas::BlendImage(const TRect& dest, int width, int height, const uint32_t* pixels,
+                         const uint8_t* alpha) {
+    if (!FTarget || width <= 0 || height <= 0) return;
+    int dw = dest.Width(), dh = dest.Height();
+    if (dw <= 0 || dh <= 0) return;
+    for (int j = std::max(0, -dest.Top); j < dh && dest.Top + j < FTarget->FHeight; ++j) {
+        int sy = static_cast<int>(int64_t(j) * height / dh);
+        uint32_t* row = FTarget->FPixels.data() + size_t(dest.Top + j) * FTarget->FWidth;
+        for (int i = std::max(0, -dest.Left); i < dw && dest.Left + i < FTarget->FWidth; ++i) {
+            size_t k = size_t(sy) * width + static_cast<int>(int64_t(i) * width / dw);
+            unsigned a = alpha ? alpha[k] : 255;
+            if (a == 0) continue;
+            uint32_t c = pixels[k], d = row[dest.Left + i];
+            if (a < 255) {
+                auto mix = [a](unsigned s, unsigned t) { return (s * a + t * (255 - a) + 127) / 255; };
+                c = RGB(mix(R(c), R(d)), mix(G(c), G(d)), mix(B(c), B(d)));
+            }
+            row[dest.Left + i] = FTarget->Quantize(c);
+        }
+    }
+    Modified();
+}
+
 void TCanvas::CopyRect(const TRect& dest, TCanvas* source, const TRect& src) {
     if (!source || !source->FTarget) return;
     Blit(dest, source->FTarget, src, false, 0);

@@ -40,6 +40,7 @@ private:
         if (FInitialised) return;
         FInitialised = true;
         FFormats.push_back({"bmp", "Bitmaps", TBitmap::StaticClass()});
+        FFormats.push_back({"ico", "Icons", TIcon::StaticClass()});
     }
     std::mutex FLock;
     bool FInitialised = false;

@@ -571,6 +571,50 @@ TEST(FormData, PictureDataNamesTheGraphicClass) {
     EXPECT_EQ(r.Width(), 337);
 }
 
+TEST(FormData, DecodesIconDataOfARealForm) {
+    std::vector<uint8_t> bytes = HexFile("labirintus_icon.hex");
+    TIcon icon;
+    ReadData(icon, bytes); // a form's Icon.Data is the .ico file itself
+    EXPECT_EQ(icon.Width(), 32);
+    EXPECT_EQ(icon.Height(), 32);
+    EXPECT_EQ(icon.ImageCount(), 1);
+    for (int y = 0; y < 32; ++y) // this icon's mask is all opaque
+        for (int x = 0; x < 32; ++x)
+            ASSERT_EQ(icon.PixelAlpha(x, y), 255);
+    // Setting the first byte of the AND mask (after header, 256-entry palette and 32x32 colour bytes) clears
+    // the first eight pixels of the bottom row.
+    auto masked = bytes;
+    masked[22 + 40 + 256 * 4 + 32 * 32] = 0xFF;
+    icon.LoadFromBytes(masked);
+    EXPECT_EQ(icon.PixelAlpha(7, 31), 0);
+    EXPECT_EQ(icon.PixelAlpha(8, 31), 255);
+    EXPECT_EQ(WriteData(icon), masked);
+
+    TBitmap b;
+    b.SetSize(32, 32);
+    b.Canvas()->Brush()->SetColor(clLime);
+    b.Canvas()->FillRect(Rect(0, 0, 32, 32));
+    b.Canvas()->Draw(0, 0, &icon);
+    for (int y = 0; y < 32; ++y)
+        for (int x = 0; x < 32; ++x)
+            ASSERT_EQ(b.PixelRGB(x, y), icon.PixelAlpha(x, y) ? icon.PixelRGB(x, y) : uint32_t(clLime))
+                << x << "," << y;
+
+    auto cut = bytes;
+    cut.resize(cut.size() / 2);
+    EXPECT_THROW(icon.LoadFromBytes(cut), rtl::EInvalidGraphic);
+    EXPECT_THROW(icon.LoadFromBytes({0, 0, 2, 0, 1, 0}), rtl::EInvalidGraphic);
+    EXPECT_EQ(WriteData(icon), masked);
+    EXPECT_THROW(icon.SetWidth(16), rtl::EInvalidGraphicOperation);
+
+    TempDir dir; // pictures know the extension
+    icon.SaveToFile(dir.File("a.ico"));
+    TPicture p;
+    p.LoadFromFile(dir.File("a.ico"));
+    EXPECT_NE(dynamic_cast<TIcon*>(p.Graphic()), nullptr);
+    EXPECT_EQ(p.Width(), 32);
+}
+
 // ---- Canvas -----------------------------------------------------------------------------------------------
 
 class CanvasTest : public ::testing::Test {

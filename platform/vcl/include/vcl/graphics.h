@@ -217,6 +217,9 @@ class TCanvas : public TPersistent {
 
 private:
     friend class TBitmap;
+    friend class TIcon;
+    // Blends a width x height image with straight alpha (0..255 per pixel) onto dest, scaling as needed.
+    void BlendImage(const TRect& dest, int width, int height, const uint32_t* pixels, const uint8_t* alpha);
     // Copies src of bitmap onto dest (nearest-neighbour when scaling), skipping pixels of transparentRGB.
     void Blit(const TRect& dest, const TBitmap* bitmap, const TRect& src, bool transparent,
               uint32_t transparentRGB);
@@ -333,6 +336,36 @@ private:
     mutable std::unordered_map<uint32_t, uint32_t> FNearest; // palette snapping cache
 };
 
+// An icon: the bytes of an .ico file, kept unchanged for saving and streaming (a form file's Icon.Data is
+// the file itself), and one of its images decoded for drawing: 32x32 when there is one, else the largest,
+// the deepest colour first among equals. Its mask (or alpha channel) makes the rest transparent. An image
+// stored as PNG inside the file keeps its size but draws nothing.
+class TIcon : public TGraphic {
+    JEX_CLASS(TIcon, TGraphic)
+    TIcon();
+    ~TIcon() override;
+    void Assign(TPersistent* Source) override; // an icon, or nil (empties it)
+    bool Empty() const override { return FBytes.empty(); }
+    int Width() const override { return FWidth; }
+    int Height() const override { return FHeight; }
+    void SetWidth(int) override;  // raises EInvalidGraphicOperation
+    void SetHeight(int) override; // raises EInvalidGraphicOperation
+    // Raises EInvalidGraphic "Icon image is not valid: ..." and keeps the icon as it was.
+    void LoadFromBytes(const std::vector<uint8_t>& bytes) override;
+    void SaveToBytes(std::vector<uint8_t>& bytes) const override { bytes = FBytes; }
+    void Draw(TCanvas* canvas, const TRect& r) override;
+    int ImageCount() const { return FImageCount; }
+    // The decoded image's colour and opacity (0 transparent ... 255 opaque) at (x, y).
+    uint32_t PixelRGB(int x, int y) const;
+    uint8_t PixelAlpha(int x, int y) const;
+
+private:
+    std::vector<uint8_t> FBytes;
+    int FWidth = 0, FHeight = 0, FImageCount = 0;
+    std::vector<uint32_t> FPixels; // decoded image, empty for a PNG image
+    std::vector<uint8_t> FAlpha;
+};
+
 // Graphic data of a format this platform does not decode (a GIF or JPEG image inside a form file): kept
 // byte for byte so that it is written back unchanged. Its size is read from the image header of GIF, PNG
 // and JPEG data; drawing it leaves the canvas as it was.
@@ -381,7 +414,7 @@ class TPicture : public TPersistent {
     TNotifyEvent OnChange;
 
     // The file formats pictures know: extension without the dot ("bmp"), description, graphic class (a
-    // TGraphic descendant with a default constructor). TBitmap is always registered for "bmp".
+    // TGraphic descendant with a default constructor). TBitmap ("bmp") and TIcon ("ico") are built in.
     static void RegisterFileFormat(const std::string& extension, const std::string& description,
                                    rtl::TClass graphicClass);
     static void UnregisterGraphicClass(rtl::TClass graphicClass);
@@ -395,7 +428,7 @@ private:
 };
 
 // An open-dialog filter of the registered formats of graphicClass (nil: all), the first entry covering
-// them all: "All (*.bmp)|*.bmp|Bitmaps (*.bmp)|*.bmp".
+// them all: "All (*.bmp;*.ico)|*.bmp;*.ico|Bitmaps (*.bmp)|*.bmp|Icons (*.ico)|*.ico".
 std::string GraphicFilter(rtl::TClass graphicClass);
 // The default extension (without dot) of graphicClass, empty when none is registered.
 std::string GraphicExtension(rtl::TClass graphicClass);
