@@ -234,6 +234,15 @@ void DecodeDibAt(const uint8_t* buf, size_t size, size_t hdr, size_t bitsOffset,
     if (bits > size) InvalidBitmap("the pixel data offset lies outside the data");
 
     int w = static_cast<int>(width), hgt = static_cast<int>(height);
+    // Check the data can hold the image before allocating it: uncompressed rows exactly, compressed ones
+    // by the most a run can expand (a delta of 4 bytes skips at most 255 x 255 pixels).
+    if (w > 0 && hgt > 0) {
+        size_t stride = ((size_t(w) * bpp + 31) / 32) * 4;
+        if (!rle && bits + stride * (hgt - 1) + (size_t(w) * bpp + 7) / 8 > size)
+            InvalidBitmap("the pixel data is truncated");
+        if (rle && int64_t(w) * hgt > int64_t(size - bits + 4) * 16384)
+            InvalidBitmap("the compressed pixel data is too short for the image size");
+    }
     std::vector<uint32_t> px(size_t(w) * hgt);
     std::vector<uint8_t> alpha;
     size_t end;
@@ -248,9 +257,7 @@ void DecodeDibAt(const uint8_t* buf, size_t size, size_t hdr, size_t bitsOffset,
         DecodeRle(buf + bits, avail, bpp, w, hgt, palette, px, used);
         end = bits + used;
     } else {
-        size_t stride = ((size_t(w) * bpp + 31) / 32) * 4;
-        size_t lastRow = (size_t(w) * bpp + 7) / 8; // the final row may lack its padding
-        if (bits + stride * (hgt - 1) + lastRow > size) InvalidBitmap("the pixel data is truncated");
+        size_t stride = ((size_t(w) * bpp + 31) / 32) * 4; // the final row may lack its padding
         TChannel cr(masks[0]), cg(masks[1]), cb(masks[2]), ca(masks[3]);
         bool anyAlpha = false;
         if (bpp == 32 && masks[3]) alpha.resize(px.size());
