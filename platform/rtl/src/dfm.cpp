@@ -4,6 +4,8 @@
 #include <iconv.h>
 
 #include <algorithm>
+#include <cctype>
+#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <cstring>

@@ -722,13 +722,18 @@ private:
         case tkInteger:
         case tkInt64: {
             int64_t n = 0;
-            if (v.Kind == TDfmValueKind::Integer)
+            if (v.Kind == TDfmValueKind::Integer) {
                 n = v.Int;
-            else if (v.Kind == TDfmValueKind::Ident && IdentToIntOf(t, v.Text, n)) {
-            } else if (v.Kind == TDfmValueKind::Ident)
-                InvalidValue("'" + v.Text + "' is not a " + t->Name + " value");
-            else
+                // Eight hex digits spell a 32-bit pattern ($FF00000F), as colour values are written.
+                if (!v.Text.empty() && v.Text[0] == '$' && t->Kind == tkInteger && t->OrdType == otSLong &&
+                    n > INT32_MAX && n <= int64_t(UINT32_MAX))
+                    n = static_cast<int32_t>(static_cast<uint32_t>(n));
+            } else if (v.Kind == TDfmValueKind::Ident) {
+                if (!IdentToIntOf(t, v.Text, n))
+                    InvalidValue("'" + v.Text + "' is not a " + t->Name + " value");
+            } else {
                 WrongKind("an integer", v);
+            }
             SetOrdProp(obj, p, n);
             break;
         }

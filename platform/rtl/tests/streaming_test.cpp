@@ -651,6 +651,33 @@ TEST_F(Streaming, RawBytesAreDecodedInTheGivenCodePage) {
     form->Free();
 }
 
+TEST_F(Streaming, IntegersReadFromIdentifiersAndHexPatterns) {
+    TComponent* form = ReadComponentText("object Form1: TStmForm\n"
+                                         "  object B: TStmButton\n"
+                                         "    Left = $FFFFFFFF\n"
+                                         "    Top = -$10\n"
+                                         "    Color = STMBLUE\n"
+                                         "    Ratio = 3\n"
+                                         "    Letter = #9\n"
+                                         "  end\n"
+                                         "end\n",
+                                         nullptr);
+    auto* b = Find<TStmButton>(form, "B");
+    EXPECT_EQ(b->Left(), -1);
+    EXPECT_EQ(b->Top(), -16);
+    EXPECT_EQ(b->Color(), 0xFF0000);
+    EXPECT_DOUBLE_EQ(b->Ratio(), 3.0);
+    EXPECT_EQ(b->Letter(), '\t');
+    std::string text = WriteComponentText(form);
+    EXPECT_NE(text.find("    Left = -1\r\n    Top = -16\r\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("    Ratio = 3.0\r\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("    Letter = #9\r\n    Color = stmBlue\r\n"), std::string::npos) << text;
+    form->Free();
+    // A 64-bit hex value is no 32-bit pattern.
+    EXPECT_EQ(ReadError<EReadError>("object Form1: TStmForm\n  Top = $1FFFFFFFF\nend\n"),
+              "Error reading Form1.Top: Range check error (line 2)");
+}
+
 TEST_F(Streaming, ErrorsNamePropertyReasonAndLine) {
     const std::string head = "object Form1: TStmForm\n  object Button1: TStmButton\n";
     const std::string tail = "  end\nend\n";
