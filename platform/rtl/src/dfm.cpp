@@ -454,7 +454,7 @@ private:
     }
 
     void Enter(int line, int col) {
-        if (++FDepth > kMaxNesting) Error("Values nested too deeply", line, col);
+        if (++FDepth > kMaxNesting) Error("Objects or values nested too deeply", line, col);
     }
 
     int64_t ParseOrder() {

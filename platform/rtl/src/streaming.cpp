@@ -11,6 +11,7 @@ namespace rtl {
 
 namespace {
 constexpr int kMaxPersistentDepth = 32; // nested persistents deeper than this are a cycle
+constexpr int kMaxChildDepth = 190;     // the text parser refuses deeper objects anyway
 
 // An EReadError that already names the property and line, so that outer levels pass it on unchanged.
 class EPositionedReadError : public EReadError {
@@ -314,7 +315,9 @@ private:
 
 class TComponentWriter {
 public:
-    TDfmObject WriteComponent(TComponent* c, TComponent* root) {
+    TDfmObject WriteComponent(TComponent* c, TComponent* root, int depth = 0) {
+        if (depth > kMaxChildDepth)
+            throw EWriteError("Children of " + c->Name() + " nest too deeply (a parent cycle?)");
         TDfmObject node;
         TComponentState st = c->ComponentState();
         node.Kind = st.Contains(csInline) && c != root ? TDfmObjectKind::Inline
@@ -325,8 +328,9 @@ public:
         WriteProperties(c, std::string(), node.Properties, root, 0);
         // An inline component is the root of what it owns: its children and references are named within it.
         TComponent* childRoot = node.Kind == TDfmObjectKind::Inline ? c : root;
-        c->GetChildren([&](TComponent* child) { node.Children.push_back(WriteComponent(child, childRoot)); },
-                       childRoot);
+        c->GetChildren(
+            [&](TComponent* child) { node.Children.push_back(WriteComponent(child, childRoot, depth + 1)); },
+            childRoot);
         return node;
     }
 

@@ -545,6 +545,15 @@ TEST_F(Streaming, DefaultsAndUnstoredValuesAreLeftOut) {
     form->Free();
 }
 
+TEST_F(Streaming, ParentCycleIsRefusedInsteadOfOverflowingTheStack) {
+    auto* form = Make<TStmForm>(nullptr, "Form1");
+    auto* a = Make<TStmControl>(form, "A", form);
+    auto* b = Make<TStmControl>(form, "B", a);
+    a->SetParent(b); // a broken control tree: A and B are each other's child
+    EXPECT_THROW(WriteComponentText(a), EWriteError);
+    form->Free();
+}
+
 TEST_F(Streaming, ReferencesToAnotherRootUseTheGlobalLookup) {
     auto* other = Make<TStmForm>(nullptr, "Form2");
     auto* target = Make<TStmButton>(other, "Target", other);
