@@ -25,7 +25,7 @@ function(jex_add_benchmark name)
   endif()
   find_package(benchmark REQUIRED)
   add_executable(${name} ${B_SOURCES})
-  target_link_libraries(${name} PRIVATE ${B_LIBS} benchmark::benchmark)
+  target_link_libraries(${name} PRIVATE ${B_LIBS} benchmark::benchmark benchmark::benchmark_main)
 endfunction()
 
 # jex_layer(NAME DIR LIBS...): a shared library from DIR/src/*.cpp with DIR/include public, its tests from

@@ -132,4 +132,4 @@ BENCHMARK(BM_ParseForm100k)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
-BENCHMARK_MAIN();
+
