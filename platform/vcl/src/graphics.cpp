@@ -3,6 +3,7 @@
 #include "vcl/graphics.h"
 
 #include "graphics_internal.h"
+#include "rtl/streaming.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,9 +21,96 @@ JEX_DEFINE_ENUM(TBrushStyle)
 JEX_DEFINE_ENUM(TPixelFormat)
 JEX_DEFINE_ENUM(TTransparentMode)
 
-JEX_DEFINE_ALIAS_TYPE(TypeInfo_TColor, "TColor", rtl::TypeInfo_Integer)
 JEX_DEFINE_ALIAS_TYPE(TypeInfo_TFontName, "TFontName", rtl::TypeInfo_String)
-JEX_DEFINE_ALIAS_TYPE(TypeInfo_TFontCharset, "TFontCharset", rtl::TypeInfo_Byte)
+
+namespace {
+
+// Withdraws the identifier tables this library gave the form reader and writer when it is unloaded.
+struct TIntegerConstsRegistration {
+    const rtl::TTypeInfo* Color = nullptr;
+    const rtl::TTypeInfo* Charset = nullptr;
+    ~TIntegerConstsRegistration() {
+        if (Color) rtl::UnRegisterIntegerConsts(Color);
+        if (Charset) rtl::UnRegisterIntegerConsts(Charset);
+    }
+};
+TIntegerConstsRegistration IntegerConsts;
+
+struct TCharsetName {
+    int Value;
+    const char* Name;
+};
+constexpr TCharsetName CharsetNames[] = {
+    {0, "ANSI_CHARSET"},      {1, "DEFAULT_CHARSET"},    {2, "SYMBOL_CHARSET"},
+    {77, "MAC_CHARSET"},      {128, "SHIFTJIS_CHARSET"}, {129, "HANGEUL_CHARSET"},
+    {130, "JOHAB_CHARSET"},   {134, "GB2312_CHARSET"},   {136, "CHINESEBIG5_CHARSET"},
+    {161, "GREEK_CHARSET"},   {162, "TURKISH_CHARSET"},  {163, "VIETNAMESE_CHARSET"},
+    {177, "HEBREW_CHARSET"},  {178, "ARABIC_CHARSET"},   {186, "BALTIC_CHARSET"},
+    {204, "RUSSIAN_CHARSET"}, {222, "THAI_CHARSET"},     {238, "EASTEUROPE_CHARSET"},
+    {255, "OEM_CHARSET"},
+};
+
+} // namespace
+
+// The types are created on first use, and with them the identifiers form files use for their values
+// (clBtnFace, DEFAULT_CHARSET) are registered with the form reader and writer.
+const rtl::TTypeInfo* TypeInfo_TColor() {
+    static const rtl::TTypeInfo ti = rtl::TTypeInfo::MakeAlias("TColor", *rtl::TypeInfo_Integer());
+    static const bool registered = [] {
+        rtl::RegisterIntegerConsts(
+            &ti,
+            [](std::string_view ident, int64_t& value) {
+                TColor c;
+                if (!IdentToColor(std::string(ident), c)) return false;
+                value = c;
+                return true;
+            },
+            [](int64_t value, std::string& ident) {
+                return ColorToIdent(static_cast<TColor>(value), ident);
+            });
+        IntegerConsts.Color = &ti;
+        return true;
+    }();
+    (void)registered;
+    return &ti;
+}
+
+const rtl::TTypeInfo* TypeInfo_TFontCharset() {
+    static const rtl::TTypeInfo ti = rtl::TTypeInfo::MakeAlias("TFontCharset", *rtl::TypeInfo_Byte());
+    static const bool registered = [] {
+        rtl::RegisterIntegerConsts(
+            &ti,
+            [](std::string_view ident, int64_t& value) {
+                int v;
+                if (!IdentToCharset(std::string(ident), v)) return false;
+                value = v;
+                return true;
+            },
+            [](int64_t value, std::string& ident) { return CharsetToIdent(static_cast<int>(value), ident); });
+        IntegerConsts.Charset = &ti;
+        return true;
+    }();
+    (void)registered;
+    return &ti;
+}
+
+bool CharsetToIdent(int charset, std::string& ident) {
+    for (const auto& c : CharsetNames)
+        if (c.Value == charset) {
+            ident = c.Name;
+            return true;
+        }
+    return false;
+}
+
+bool IdentToCharset(const std::string& ident, int& charset) {
+    for (const auto& c : CharsetNames)
+        if (rtl::SameText(ident, c.Name)) {
+            charset = c.Value;
+            return true;
+        }
+    return false;
+}
 
 // ---- Colours --------------------------------------------------------------------------------------------
 namespace {

@@ -11,6 +11,7 @@
 #include "vcl/graphics.h"
 
 #include "../src/graphics_internal.h"
+#include "rtl/streaming.h"
 
 using namespace vcl;
 namespace fs = std::filesystem;
@@ -116,9 +117,39 @@ int CountColour(const TBitmap& b, uint32_t rgb, const TRect& r) {
 
 } // namespace
 
+namespace {
+
+// A component with graphics properties, streamed through the real form reader and writer.
+class TPaintHolder : public rtl::TComponent {
+    JEX_CLASS(TPaintHolder, rtl::TComponent)
+    explicit TPaintHolder(rtl::TComponent* AOwner) : rtl::TComponent(AOwner) {}
+    TColor Color() const { return FColor; }
+    void SetColor(TColor c) { FColor = c; }
+    TFont* Font() const { return FFont.get(); }
+    TBitmap* Glyph() const { return FGlyph.get(); }
+    void SetGlyph(TBitmap* b) { FGlyph->Assign(b); }
+    TPicture* Picture() const { return FPicture.get(); }
+    void SetPicture(TPicture* p) { FPicture->Assign(p); }
+
+private:
+    TColor FColor = clBtnFace;
+    std::unique_ptr<TFont> FFont = std::make_unique<TFont>();
+    std::unique_ptr<TBitmap> FGlyph = std::make_unique<TBitmap>();
+    std::unique_ptr<TPicture> FPicture = std::make_unique<TPicture>();
+};
+
+JEX_IMPLEMENT_CLASS(TPaintHolder, rtl::TComponent, "GraphicsTest") {
+    d.Property("Color", &TPaintHolder::Color, &TPaintHolder::SetColor, TypeInfo_TColor()).Default(clBtnFace);
+    d.ReadOnly("Font", &TPaintHolder::Font);
+    d.Property("Glyph", &TPaintHolder::Glyph, &TPaintHolder::SetGlyph);
+    d.Property("Picture", &TPaintHolder::Picture, &TPaintHolder::SetPicture);
+}
+
+} // namespace
+
 // ---- Colours ---------------------------------------------------------------------------------------------
 
-TEST(Colors, NamesAndHexText) {
+TEST(GraphicsColors, NamesAndHexText) {
     EXPECT_EQ(ColorToString(clRed), "clRed");
     EXPECT_EQ(ColorToString(clBtnFace), "clBtnFace");
     EXPECT_EQ(ColorToString(clNone), "clNone");
@@ -129,7 +160,7 @@ TEST(Colors, NamesAndHexText) {
     EXPECT_EQ(ColorToString(-2), "$FFFFFFFE");
 }
 
-TEST(Colors, StringToColorAcceptsNamesAndIntegers) {
+TEST(GraphicsColors, StringToColorAcceptsNamesAndIntegers) {
     EXPECT_EQ(StringToColor("clWindowText"), clWindowText);
     EXPECT_EQ(StringToColor("CLWINDOW"), clWindow);
     EXPECT_EQ(StringToColor("clmoneygreen"), clMoneyGreen);
@@ -148,7 +179,7 @@ TEST(Colors, StringToColorAcceptsNamesAndIntegers) {
     }
 }
 
-TEST(Colors, IdentConversionsAndTableOrder) {
+TEST(GraphicsColors, IdentConversionsAndTableOrder) {
     TColor c = 0;
     EXPECT_TRUE(IdentToColor("clInfoBk", c));
     EXPECT_EQ(c, clInfoBk);
@@ -174,7 +205,7 @@ TEST(Colors, IdentConversionsAndTableOrder) {
     }
 }
 
-TEST(Colors, SystemColoursUseTheClassicScheme) {
+TEST(GraphicsColors, SystemColoursUseTheClassicScheme) {
     EXPECT_EQ(ColorToRGB(clBtnFace), 0xC0C0C0u);
     EXPECT_EQ(ColorToRGB(clWindow), 0xFFFFFFu);
     EXPECT_EQ(ColorToRGB(clWindowText), 0u);
@@ -461,7 +492,7 @@ TEST(PixelFormats, ReducingBuildsPalettes) {
     EXPECT_NE(hi.PixelRGB(0, 0), 0x0F1F2Fu);
 }
 
-TEST(Transparency, ModesAndDrawing) {
+TEST(GraphicsTransparency, ModesAndDrawing) {
     TBitmap sprite;
     sprite.SetSize(3, 3);
     sprite.Canvas()->Brush()->SetColor(clFuchsia);
@@ -494,7 +525,7 @@ TEST(Transparency, ModesAndDrawing) {
 // ---- Form-file data
 // ------------------------------------------------------------------------------------------
 
-TEST(FormData, DecodesGlyphDataOfRealForms) {
+TEST(GraphicsFormData, DecodesGlyphDataOfRealForms) {
     TBitmap glyph;
     ReadData(glyph, HexFile("oscilloscope4_glyph.hex"));
     EXPECT_EQ(glyph.Width(), 16);
@@ -526,7 +557,7 @@ TEST(FormData, DecodesGlyphDataOfRealForms) {
     EXPECT_EQ(WriteData(glyph), original);
 }
 
-TEST(FormData, BadDataKeepsTheBitmapAndEmptyWritesNothing) {
+TEST(GraphicsFormData, BadDataKeepsTheBitmapAndEmptyWritesNothing) {
     TBitmap b;
     bool hasData = true;
     WriteData(b, &hasData);
@@ -541,7 +572,7 @@ TEST(FormData, BadDataKeepsTheBitmapAndEmptyWritesNothing) {
     EXPECT_THROW(ReadData(c, {1, 0}), rtl::EInvalidGraphic);
 }
 
-TEST(FormData, PictureDataNamesTheGraphicClass) {
+TEST(GraphicsFormData, PictureDataNamesTheGraphicClass) {
     TPicture p;
     bool hasData = true;
     EXPECT_TRUE(WriteData(p, &hasData).empty());
@@ -571,7 +602,7 @@ TEST(FormData, PictureDataNamesTheGraphicClass) {
     EXPECT_EQ(r.Width(), 337);
 }
 
-TEST(FormData, DecodesIconDataOfARealForm) {
+TEST(GraphicsFormData, DecodesIconDataOfARealForm) {
     std::vector<uint8_t> bytes = HexFile("labirintus_icon.hex");
     TIcon icon;
     ReadData(icon, bytes); // a form's Icon.Data is the .ico file itself
@@ -615,9 +646,49 @@ TEST(FormData, DecodesIconDataOfARealForm) {
     EXPECT_EQ(p.Width(), 32);
 }
 
+TEST(GraphicsFormData, StreamsThroughTheFormReaderAndWriter) {
+    rtl::RegisterClass(TPaintHolder::StaticClass());
+    std::string hex;
+    for (uint8_t b : HexFile("oscilloscope4_glyph.hex"))
+        hex += rtl::IntToHex(b, 2);
+    std::string text = "object Holder1: TPaintHolder\r\n"
+                       "  Color = clInfoBk\r\n"
+                       "  Font.Charset = RUSSIAN_CHARSET\r\n"
+                       "  Font.Color = clHighlight\r\n"
+                       "  Font.Height = -13\r\n"
+                       "  Font.Name = 'Tahoma'\r\n"
+                       "  Font.Style = [fsBold]\r\n"
+                       "  Glyph.Data = {\r\n    " +
+                       hex +
+                       "}\r\n"
+                       "end\r\n";
+    auto* holder = dynamic_cast<TPaintHolder*>(rtl::ReadComponentText(text, nullptr));
+    ASSERT_NE(holder, nullptr);
+    EXPECT_EQ(holder->Color(), clInfoBk);
+    EXPECT_EQ(holder->Font()->Charset(), 204);
+    EXPECT_EQ(holder->Font()->Color(), clHighlight);
+    EXPECT_EQ(holder->Font()->Size(), 10);
+    EXPECT_TRUE(holder->Font()->Style().Contains(fsBold));
+    EXPECT_EQ(holder->Glyph()->Width(), 16);
+
+    FillPattern(*holder->Picture()->Bitmap(), 4, 3);
+    std::string written = rtl::WriteComponentText(holder);
+    for (const char* line : {"Color = clInfoBk", "Font.Charset = RUSSIAN_CHARSET", "Font.Color = clHighlight",
+                             "Font.Name = 'Tahoma'", "Glyph.Data = {", "Picture.Data = {"})
+        EXPECT_NE(written.find(line), std::string::npos) << line << "\n" << written;
+    EXPECT_EQ(written.find("Font.Size"), std::string::npos);
+    auto* again = dynamic_cast<TPaintHolder*>(rtl::ReadComponentText(written, nullptr));
+    ASSERT_NE(again, nullptr);
+    EXPECT_TRUE(SamePixels(*again->Glyph(), *holder->Glyph()));
+    EXPECT_TRUE(SamePixels(*again->Picture()->Bitmap(), *holder->Picture()->Bitmap()));
+    again->Free();
+    holder->Free();
+    rtl::UnRegisterClass(TPaintHolder::StaticClass());
+}
+
 // ---- Canvas -----------------------------------------------------------------------------------------------
 
-class CanvasTest : public ::testing::Test {
+class GraphicsCanvas : public ::testing::Test {
 protected:
     void SetUp() override {
         B.SetSize(40, 30);
@@ -629,7 +700,7 @@ protected:
     TCanvas* C = nullptr;
 };
 
-TEST_F(CanvasTest, FillAndFrameRectangles) {
+TEST_F(GraphicsCanvas, FillAndFrameRectangles) {
     C->Brush()->SetColor(clRed);
     C->FillRect(Rect(2, 3, 7, 9));
     EXPECT_EQ(CountColour(B, clRed, Rect(0, 0, 40, 30)), 5 * 6);
@@ -643,7 +714,7 @@ TEST_F(CanvasTest, FillAndFrameRectangles) {
     EXPECT_EQ(CountColour(B, clBlue, Rect(35, 25, 40, 30)), 25);
 }
 
-TEST_F(CanvasTest, RectangleOutlinesWithThePenAndFillsWithTheBrush) {
+TEST_F(GraphicsCanvas, RectangleOutlinesWithThePenAndFillsWithTheBrush) {
     C->Pen()->SetColor(clBlack);
     C->Brush()->SetColor(clYellow);
     C->Rectangle(1, 1, 6, 5);
@@ -658,7 +729,7 @@ TEST_F(CanvasTest, RectangleOutlinesWithThePenAndFillsWithTheBrush) {
     EXPECT_EQ(B.PixelRGB(15, 15), uint32_t(clWhite));
 }
 
-TEST_F(CanvasTest, LinesLeaveOutTheirEndPoint) {
+TEST_F(GraphicsCanvas, LinesLeaveOutTheirEndPoint) {
     C->Pen()->SetColor(clGreen);
     C->MoveTo(2, 2);
     C->LineTo(12, 7);
@@ -681,7 +752,7 @@ TEST_F(CanvasTest, LinesLeaveOutTheirEndPoint) {
     EXPECT_EQ(B.PixelRGB(5, 29), uint32_t(clWhite));
 }
 
-TEST_F(CanvasTest, PenModesCombineWithThePixels) {
+TEST_F(GraphicsCanvas, PenModesCombineWithThePixels) {
     C->Pen()->SetColor(clWhite);
     C->Pen()->SetMode(pmXor);
     C->MoveTo(0, 0);
@@ -696,7 +767,7 @@ TEST_F(CanvasTest, PenModesCombineWithThePixels) {
     EXPECT_EQ(B.PixelRGB(0, 1), 0u);
 }
 
-TEST_F(CanvasTest, EllipsesAndPolygons) {
+TEST_F(GraphicsCanvas, EllipsesAndPolygons) {
     C->Pen()->SetColor(clBlack);
     C->Brush()->SetColor(clRed);
     C->Ellipse(0, 0, 21, 15);
@@ -723,7 +794,7 @@ TEST_F(CanvasTest, EllipsesAndPolygons) {
     EXPECT_EQ(CountColour(B, clBlue, Rect(0, 0, 40, 30)), 45);
 }
 
-TEST_F(CanvasTest, HatchedBrushFillsOnlyItsLines) {
+TEST_F(GraphicsCanvas, HatchedBrushFillsOnlyItsLines) {
     C->Brush()->SetColor(clBlack);
     C->Brush()->SetStyle(bsHorizontal);
     C->FillRect(Rect(0, 0, 16, 16));
@@ -733,7 +804,7 @@ TEST_F(CanvasTest, HatchedBrushFillsOnlyItsLines) {
     EXPECT_EQ(CountColour(B, clBlack, Rect(20, 0, 30, 10)), 0);
 }
 
-TEST_F(CanvasTest, PixelsCopyRectAndClipping) {
+TEST_F(GraphicsCanvas, PixelsCopyRectAndClipping) {
     C->SetPixel(3, 4, clNavy);
     EXPECT_EQ(C->Pixel(3, 4), clNavy);
     EXPECT_EQ(C->Pixel(-1, 0), -1);
@@ -752,7 +823,7 @@ TEST_F(CanvasTest, PixelsCopyRectAndClipping) {
     EXPECT_EQ(CountColour(B, clPurple, Rect(0, 0, 40, 30)), 128);
 }
 
-TEST_F(CanvasTest, TextDrawsInsideItsBox) {
+TEST_F(GraphicsCanvas, TextDrawsInsideItsBox) {
     ASSERT_FALSE(detail::FontFileFor(TFont()).empty()) << "fonts-dejavu-core is not installed";
     C->Font()->SetColor(clBlack);
     C->Font()->SetSize(10);
@@ -797,7 +868,7 @@ TEST_F(CanvasTest, TextDrawsInsideItsBox) {
     EXPECT_LT(CountColour(t, clWhite, Rect(0, 0, 6, 30)), 180);
 }
 
-TEST(Text, FacesFollowPitchStyleAndHeight) {
+TEST(GraphicsText, FacesFollowPitchStyleAndHeight) {
     TBitmap b;
     TCanvas* c = b.Canvas();
     c->Font()->SetName("Courier New");
@@ -818,7 +889,7 @@ TEST(Text, FacesFollowPitchStyleAndHeight) {
 
 // ---- Pictures -------------------------------------------------------------------------------------------
 
-TEST(Pictures, FilesByExtension) {
+TEST(GraphicsPictures, FilesByExtension) {
     TempDir dir;
     TBitmap b;
     FillPattern(b, 6, 5);
@@ -847,7 +918,7 @@ TEST(Pictures, FilesByExtension) {
     EXPECT_EQ(GraphicExtension(TBitmap::StaticClass()), "bmp");
 }
 
-TEST(Pictures, AssignCopiesAndChangesPropagate) {
+TEST(GraphicsPictures, AssignCopiesAndChangesPropagate) {
     TPicture p, q;
     FillPattern(*p.Bitmap(), 3, 3);
     q.Assign(&p);

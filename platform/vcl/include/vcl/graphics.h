@@ -19,6 +19,7 @@ using rtl::TPersistent;
 
 // $00BBGGRR for RGB colours, $80000000 + index for system colours.
 using TColor = int32_t;
+// Creating the type registers the colour names with the form reader and writer (Color = clBtnFace).
 const rtl::TTypeInfo* TypeInfo_TColor();
 
 inline constexpr TColor clBlack = 0x000000, clMaroon = 0x000080, clGreen = 0x008000, clOlive = 0x008080,
@@ -67,6 +68,9 @@ JEX_ENUM(TBrushStyle, bsSolid, bsClear, bsHorizontal, bsVertical, bsFDiagonal, b
          bsDiagCross)
 const rtl::TTypeInfo* TypeInfo_TFontName();
 const rtl::TTypeInfo* TypeInfo_TFontCharset();
+// Character set names as form files write them (DEFAULT_CHARSET = 1, ANSI_CHARSET = 0, ...).
+bool CharsetToIdent(int charset, std::string& ident);
+bool IdentToCharset(const std::string& ident, int& charset);
 
 // Base of fonts, pens and brushes: notifies its owner through OnChange.
 class TGraphicsObject : public TPersistent {
