@@ -3,6 +3,7 @@
 #pragma once
 
 #include "vcl/controls.h"
+#include "vcl/menus.h"
 
 namespace vcl::pub {
 
