@@ -2,7 +2,7 @@
 # Installs the Debian packages the build and the tests need, skipping those already present.
 set -euo pipefail
 pkgs=(g++ cmake ninja-build pkg-config libgtest-dev libgmock-dev googletest libbenchmark-dev
-      nlohmann-json3-dev libcurl4-openssl-dev libfreetype-dev fonts-dejavu-core
+      nlohmann-json3-dev libcurl4-openssl-dev libfreetype-dev fonts-dejavu-core libsqlite3-dev
       python3)
 missing=()
 for p in "${pkgs[@]}"; do
