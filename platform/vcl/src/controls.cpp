@@ -524,10 +524,10 @@ void TWinControl::RemoveChild(TControl* c) {
     auto it = std::find(FControls.begin(), FControls.end(), c);
     if (it == FControls.end()) return;
     FControls.erase(it);
-    if (auto* w = dynamic_cast<TWinControl*>(c)) {
-        auto t = std::find(FTabList.begin(), FTabList.end(), w);
-        if (t != FTabList.end()) FTabList.erase(t);
-    }
+    // Compared by address: a child being destroyed is no longer a TWinControl to dynamic_cast.
+    FTabList.erase(std::remove_if(FTabList.begin(), FTabList.end(),
+                                  [c](TWinControl* w) { return static_cast<TControl*>(w) == c; }),
+                   FTabList.end());
     c->FParent = nullptr;
     ControlRemoved(c);
     if (c->FAlign != alNone && !IsDestroying()) AlignControls();

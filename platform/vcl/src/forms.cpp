@@ -464,10 +464,14 @@ void TCustomForm::SelectNext(TWinControl* CurControl, bool GoForward, bool Check
 }
 
 void TCustomForm::ControlRemoving(TControl* Control) {
-    if (auto* w = dynamic_cast<TWinControl*>(Control)) {
-        if (FActiveControl && w->ContainsControl(FActiveControl)) FActiveControl = nullptr;
-        if (FFocusedControl && w->ContainsControl(FFocusedControl)) FFocusedControl = nullptr;
-    }
+    // Walks up from the focused controls instead of casting Control, which may be half destroyed.
+    auto inside = [Control](const TControl* c) {
+        for (; c; c = c->Parent())
+            if (c == Control) return true;
+        return false;
+    };
+    if (inside(FActiveControl)) FActiveControl = nullptr;
+    if (inside(FFocusedControl)) FFocusedControl = nullptr;
 }
 
 namespace {

@@ -62,8 +62,10 @@ TEST(ControlTree, DestroyingParentFreesChildrenOwnedElsewhere) {
     // And the other way round: an owner freeing a control takes it out of its parent.
     auto* b3 = Child<TButton>(&designed, host, "B3");
     EXPECT_EQ(host->ControlCount(), 1);
+    EXPECT_EQ(host->TabList().size(), 1u);
     b3->Free();
     EXPECT_EQ(host->ControlCount(), 0);
+    EXPECT_TRUE(host->TabList().empty()) << "a destroyed child leaves the tab order too";
     host->Free();
 }
 
