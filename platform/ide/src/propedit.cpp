@@ -9,6 +9,7 @@
 
 #include "registry_internal.h"
 #include "rtl/lists.h"
+#include "vcl/dialogs.h"
 
 namespace ide {
 
@@ -720,6 +721,12 @@ void detail::EnsureStandardPropertyEditors() {
     AddRegistration(vcl::TFont::StaticClass()->ClassInfo(), nullptr, "", TFontProperty::StaticClass(), m);
     AddRegistration(vcl::TypeInfo_TFontName(), nullptr, "", TFontNameProperty::StaticClass(), m);
     AddRegistration(vcl::TypeInfo_TColor(), nullptr, "", TColorProperty::StaticClass(), m);
+    AddRegistration(vcl::TypeInfo_TCursor(), nullptr, "", TCursorProperty::StaticClass(), m);
+    AddRegistration(vcl::TypeInfo_TCaption(), nullptr, "", TCaptionProperty::StaticClass(), m);
+    AddRegistration(TCollection::StaticClass()->ClassInfo(), nullptr, "", TCollectionProperty::StaticClass(),
+                    m);
+    AddRegistration(TypeInfo_String(), vcl::TOpenDialog::StaticClass(), "Filter",
+                    TFilterProperty::StaticClass(), m);
 }
 
 void detail::WithdrawPropertyEditors(TModuleHandle module) {

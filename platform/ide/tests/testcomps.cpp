@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "vcl/controls.h"
+
 namespace idetest {
 
 using namespace rtl;
@@ -106,6 +108,25 @@ JEX_IMPLEMENT_CLASS(TBox, TComponent, "IdeTest") {
 }
 
 JEX_IMPLEMENT_CLASS(TBoxForm, TTestForm, "IdeTest") {}
+
+JEX_IMPLEMENT_CLASS(TTestItem, TCollectionItem, "IdeTest") {
+    d.Property("Caption", &TTestItem::Caption, &TTestItem::SetCaption);
+}
+
+THolder::THolder(TComponent* owner)
+    : TComponent(owner), FItems(new TOwnedCollection(this, TTestItem::StaticClass())) {
+    FItems->PropName = "Items";
+}
+
+THolder::~THolder() {
+    delete FItems;
+}
+
+JEX_IMPLEMENT_CLASS(THolder, TComponent, "IdeTest") {
+    d.Property("Items", &THolder::Items, &THolder::SetItems);
+    d.Property("Cursor", &THolder::Cursor, &THolder::SetCursor, vcl::TypeInfo_TCursor()).Default(0);
+    d.Property("Title", &THolder::Title, &THolder::SetTitle, vcl::TypeInfo_TCaption());
+}
 
 void RegisterTestClasses() {
     RegisterClasses({TTestForm::StaticClass(), TGadget::StaticClass(), TFancyGadget::StaticClass(),

@@ -151,6 +151,34 @@ class TBoxForm : public TTestForm {
     using TTestForm::TTestForm;
 };
 
+// A collection item and a component holding a collection, a cursor and a caption.
+class TTestItem : public rtl::TCollectionItem {
+    JEX_CLASS(TTestItem, rtl::TCollectionItem)
+    using TCollectionItem::TCollectionItem;
+    std::string Caption() const { return FCaption; }
+    void SetCaption(const std::string& v) { FCaption = v; }
+
+private:
+    std::string FCaption;
+};
+
+class THolder : public TComponent {
+    JEX_CLASS(THolder, TComponent)
+    explicit THolder(TComponent* owner);
+    ~THolder() override;
+    rtl::TOwnedCollection* Items() const { return FItems; }
+    void SetItems(rtl::TOwnedCollection* v) { FItems->Assign(v); }
+    int Cursor() const { return FCursor; }
+    void SetCursor(int v) { FCursor = v; }
+    std::string Title() const { return FTitle; }
+    void SetTitle(const std::string& v) { FTitle = v; }
+
+private:
+    rtl::TOwnedCollection* FItems;
+    int FCursor = 0;
+    std::string FTitle;
+};
+
 // Registers the test classes for streaming (idempotent).
 void RegisterTestClasses();
 

@@ -250,12 +250,14 @@ std::string MakeEventMethodName(IDesigner* designer, TPersistent* instance, cons
 class TFontProperty : public TClassProperty {
     JEX_CLASS(TFontProperty, TClassProperty)
     TPropertyAttributes GetAttributes() override;
+    void Edit() override;
 };
 
 // A font name chosen among the installed fonts.
 class TFontNameProperty : public TStringProperty {
     JEX_CLASS(TFontNameProperty, TStringProperty)
     TPropertyAttributes GetAttributes() override;
+    void GetValues(const TGetStrProc& proc) override;
 };
 
 // TColor: named colours ("clRed") or "$00FF8000"; the list is GetColorValues with colour swatches; Edit
@@ -266,9 +268,39 @@ class TColorProperty : public TIntegerProperty {
     std::string GetValue() override;
     void GetValues(const TGetStrProc& proc) override;
     void SetValue(const std::string& value) override;
+    void Edit() override;
     void ListMeasureWidth(const std::string& value, vcl::TCanvas* canvas, int& width) override;
     void ListDrawValue(const std::string& value, vcl::TCanvas* canvas, const vcl::TRect& rect,
                        bool selected) override;
+};
+
+// TCursor: cursor names ("crHandPoint") or numbers.
+class TCursorProperty : public TIntegerProperty {
+    JEX_CLASS(TCursorProperty, TIntegerProperty)
+    TPropertyAttributes GetAttributes() override;
+    std::string GetValue() override;
+    void GetValues(const TGetStrProc& proc) override;
+    void SetValue(const std::string& value) override;
+};
+
+// TCaption: a string whose change shows at once (paAutoUpdate: the inspector sets it while typing).
+class TCaptionProperty : public TStringProperty {
+    JEX_CLASS(TCaptionProperty, TStringProperty)
+    TPropertyAttributes GetAttributes() override;
+};
+
+// A collection: Edit opens the collection editor design window for it.
+class TCollectionProperty : public TClassProperty {
+    JEX_CLASS(TCollectionProperty, TClassProperty)
+    TPropertyAttributes GetAttributes() override;
+    void Edit() override;
+};
+
+// An open or save dialog filter: Edit opens the filter editor.
+class TFilterProperty : public TStringProperty {
+    JEX_CLASS(TFilterProperty, TStringProperty)
+    TPropertyAttributes GetAttributes() override;
+    void Edit() override;
 };
 
 // ---- Registry ---------------------------------------------------------------------------------------------
