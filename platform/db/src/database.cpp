@@ -181,9 +181,17 @@ void TDatabase::DoConnect() {
 }
 
 void TDatabase::DoDisconnect() {
-    if (!Connected()) return;
+    // Closing the data sets releases their uses, which must not close this database a second time.
+    if (!Connected() || FDisconnecting) return;
     BeforeDisconnect(this);
-    CloseDataSets();
+    FDisconnecting = true;
+    try {
+        CloseDataSets();
+    } catch (...) {
+        FDisconnecting = false;
+        throw;
+    }
+    FDisconnecting = false;
     if (FConnection->InTransaction()) {
         try {
             FConnection->Rollback();

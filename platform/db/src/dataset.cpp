@@ -347,8 +347,8 @@ void TDataSet::DoAfterScroll() {
     AfterScroll(this);
 }
 
-void TDataSet::AfterMove(bool scrolled) {
-    DataEvent(scrolled ? deDataSetScroll : deDataSetChange, 0);
+void TDataSet::AfterMove(bool scrolled, int distance) {
+    DataEvent(scrolled ? deDataSetScroll : deDataSetChange, distance);
     DoAfterScroll();
 }
 
@@ -399,7 +399,7 @@ int TDataSet::MoveBy(int Distance) {
         moved = target - FCurrent;
         FCurrent = target;
     }
-    AfterMove(true);
+    AfterMove(true, moved);
     return moved;
 }
 

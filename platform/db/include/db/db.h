@@ -765,7 +765,7 @@ private:
     void BeginInsertAppend(bool Append);
     bool PassesFilter(const TRecordData& Record) const;
     void ParseFilter();
-    void AfterMove(bool scrolled);
+    void AfterMove(bool scrolled, int distance = 0);
     int IndexOfSerial(uint64_t serial) const;
     void AddField(TField* Field);
     void RemoveField(TField* Field);

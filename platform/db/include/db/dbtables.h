@@ -209,6 +209,7 @@ private:
     bool FReadOnly = false;
     bool FTemporary = false;
     bool FStreamedConnected = false;
+    bool FDisconnecting = false;
     int FRefCount = 0;
 };
 
