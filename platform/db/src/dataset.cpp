@@ -234,6 +234,7 @@ void TDataSet::SetState(TDataSetState Value) {
 
 // ---- Records and the view ---------------------------------------------------------------------------------
 void TDataSet::SetRecords(std::vector<std::unique_ptr<TRecordData>> Records) {
+    FView.clear(); // it points into the records being replaced
     FRecords = std::move(Records);
     for (auto& r : FRecords)
         r->Serial = FNextSerial++;

@@ -2,8 +2,6 @@
 // lists the table files of a folder (opening Paradox, dBASE and text tables is left to their own drivers).
 #include <algorithm>
 #include <filesystem>
-#include <map>
-#include <mutex>
 
 #include "db/dbdriver.h"
 #include "sqlite_driver.h"

@@ -306,7 +306,7 @@ void TTable::EmptyTable() {
         CheckBrowseMode();
         CheckCanModify();
         Database()->Connection()->EmptyTable(name);
-        Records().clear();
+        SetRecords({});
         RebuildView();
         First();
         return;
