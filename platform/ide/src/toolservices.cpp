@@ -197,10 +197,11 @@ void TMenuTracker::Notification(TComponent* c, TOperation op) {
     if (op != opRemove) return;
     for (TMenuItemIntfImpl* i : Intfs)
         if (i->FItem == c) i->FItem = nullptr;
-    auto* item = static_cast<vcl::TMenuItem*>(c);
-    Clicks.erase(item);
-    Breaks.erase(item);
-    std::erase_if(Inserted, [&](auto& e) { return e.first == item; });
+    // c may be a menu rather than an item, and is half destroyed: compare addresses only.
+    auto same = [c](const vcl::TMenuItem* item) { return static_cast<const TComponent*>(item) == c; };
+    std::erase_if(Clicks, [&](auto& e) { return same(e.first); });
+    std::erase_if(Breaks, [&](auto& e) { return same(e.first); });
+    std::erase_if(Inserted, [&](auto& e) { return same(e.first); });
     for (auto& [slot, menu] : Menus)
         if (menu == c) *slot = nullptr;
     if (Config().MainMenu == c) Config().MainMenu = nullptr;
