@@ -150,6 +150,7 @@ void TFormDesigner::Modified() {
     FModified = true;
     FlushInserted();
     ForEachDesignNotification([&](IDesignNotification* n) { n->ItemsModified(this); });
+    ForEachDesignNotification([&](IDesignNotification* n) { n->FormModified(this); });
     if (OnModified) OnModified(this);
 }
 

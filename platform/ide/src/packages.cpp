@@ -88,12 +88,9 @@ TPackageManager::TPackageManager() {
     }
 }
 
-TPackageManager::~TPackageManager() {
-    try {
-        UnloadAll();
-    } catch (...) {
-    }
-}
+// Packages still loaded at process exit stay mapped: the registries their withdrawal would need may be
+// gone by now. A host that wants their stop bodies to run calls UnloadAll before it ends.
+TPackageManager::~TPackageManager() = default;
 
 TPackageManager& PackageManager() {
     static TPackageManager m;

@@ -25,6 +25,8 @@ public:
         Log.push_back("inserted " + NameOf(item));
     }
     void ItemsModified(IDesigner* d) override { Log.push_back("modified"); }
+    void FormModified(IDesigner* d) override { ++FormModifications; }
+    int FormModifications = 0;
     void SelectionChanged(IDesigner* d, const TDesignerSelectionList& s) override {
         Log.push_back("selection " + std::to_string(s.Count()));
     }
@@ -161,12 +163,14 @@ TEST_F(Designer, DeletingAParentReportsItsChildren) {
 }
 
 TEST_F(Designer, ModifiedIsObservable) {
+    TRecorder rec;
     int calls = 0;
     D->OnModified = [&](TFormDesigner*) { ++calls; };
     EXPECT_FALSE(D->IsModified());
     D->Modified();
     EXPECT_TRUE(D->IsModified());
     EXPECT_EQ(calls, 1);
+    EXPECT_EQ(rec.FormModifications, 1);
     D->SetModified(false);
     EXPECT_FALSE(D->IsModified());
 }

@@ -121,9 +121,14 @@ public:
 class IDesignNotification {
 public:
     virtual ~IDesignNotification() = default;
+    // The item is being destroyed: only its address may be used.
     virtual void ItemDeleted(IDesigner* designer, TPersistent* item) {}
+    // A component joined the form (told once it is fully constructed).
     virtual void ItemInserted(IDesigner* designer, TPersistent* item) {}
+    // Components or values of the form changed (Modified, or the form was loaded again).
     virtual void ItemsModified(IDesigner* designer) {}
+    // The form was marked modified (Modified); follows ItemsModified.
+    virtual void FormModified(IDesigner* designer) {}
     virtual void SelectionChanged(IDesigner* designer, const TDesignerSelectionList& selection) {}
     virtual void DesignerOpened(IDesigner* designer, bool resurrecting) {}
     virtual void DesignerClosed(IDesigner* designer, bool goingDormant) {}

@@ -113,7 +113,7 @@ public:
     virtual int GetItemCount() = 0;
     virtual TIMenuItemIntf* GetItem(int Index) = 0; // nil out of range
     virtual std::string GetName() = 0;
-    virtual TIMenuItemIntf* GetParent() = 0; // nil for a top-level item
+    virtual TIMenuItemIntf* GetParent() = 0; // nil for the menu bar item of GetMenuItems
     virtual std::string GetCaption() = 0;
     virtual bool SetCaption(const std::string& Caption) = 0;
     virtual int GetShortCut() = 0;

@@ -71,6 +71,7 @@ private:
 class TPackageManager {
 public:
     TPackageManager();
+    // Leaves loaded packages alone (see UnloadAll).
     ~TPackageManager();
     TPackageManager(const TPackageManager&) = delete;
     TPackageManager& operator=(const TPackageManager&) = delete;
@@ -84,7 +85,8 @@ public:
     // resources are unregistered and the library is closed; then its required packages are released.
     // Raises EPackageError when the stop procedures raised (the package is unloaded anyway).
     void UnloadPackage(TPackage* package);
-    // Unloads every package, last loaded first.
+    // Unloads every package, last loaded first. A host calls this before it ends so that the packages'
+    // stop bodies run while the registries are still there.
     void UnloadAll();
 
     TPackage* FindPackage(const std::string& name) const; // by name ignoring case, with or without ".bpl"
