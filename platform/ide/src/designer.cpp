@@ -194,12 +194,10 @@ TComponent* TFormDesigner::GetComponent(const std::string& name) const {
 
 std::string TFormDesigner::GetComponentName(const TComponent* component) const {
     if (!component) return {};
-    if (component == FRoot) return component->Name();
+    // Components of this form go by their own name; those of a frame on it or of another form by the
+    // owner's name and theirs ("Frame1.ListBox1", "Form2.Button1").
     TComponent* owner = component->Owner();
-    if (!owner) return component->Name();
-    if (owner == FRoot) return component->Name();
-    if (owner->Owner() == FRoot && owner->ComponentState().Contains(csInline))
-        return owner->Name() + "." + component->Name();
+    if (component == FRoot || !owner || owner == FRoot) return component->Name();
     return owner->Name() + "." + component->Name();
 }
 
