@@ -6,7 +6,7 @@
 // A package module, in its sources:
 //
 //   JEX_MODULE("dclFoo")                                 // its resource table (rtl/resources.h)
-//   static const ide::TUnitGuard GuardFooReg;            // one guard per unit with start/stop bodies
+//   static ide::TUnitGuard GuardFooReg;                  // one guard per unit with start/stop bodies
 //   static void FooRegStart() { if (GuardFooReg.Start()) { ...start body... } }
 //   static void FooRegStop() { if (GuardFooReg.Stop()) { ...stop body... } }
 //   static constexpr ide::TPackageUnitEntry UnitTable[] = {
@@ -16,8 +16,8 @@
 //   static constexpr ide::TPackageInfoTable InfoTable{2, UnitTable};
 //   JEX_PACKAGE_ENTRY_POINTS(InfoTable)                  // PackageLoad/Initialize, PackageUnload/Finalize,
 //                                                        // GetPackageInfoTable
-//   JEX_PACKAGE_RESOURCES(PackageInfo, "Foo components", Options)  // PACKAGEINFO, DESCRIPTION,
-//   PACKAGEOPTIONS
+//   // PACKAGEINFO, DESCRIPTION and PACKAGEOPTIONS from a TPackageInfo, a text and TPackageOptions:
+//   JEX_PACKAGE_RESOURCES(PackageInfo, "Foo components", Options);
 //
 // and for every contained unit that registers design-time classes, a Register procedure exported as
 //
