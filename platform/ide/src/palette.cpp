@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "registry_internal.h"
+#include "rtl/resources.h"
 
 namespace ide {
 
@@ -127,6 +128,11 @@ TClass FindDesignClass(const std::string& ClassName) {
     for (auto& r : Palette().Regs)
         if (SameText(r.Class->ClassName(), ClassName)) return r.Class;
     return nullptr;
+}
+
+const std::vector<uint8_t>* PaletteGlyph(TClass ComponentClass) {
+    if (!ComponentClass) return nullptr;
+    return FindBitmapResource(ComponentClass->ClassName());
 }
 
 } // namespace ide

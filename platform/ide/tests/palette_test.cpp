@@ -4,6 +4,7 @@
 
 #include "ide/categories.h"
 #include "ide/palette.h"
+#include "rtl/resources.h"
 #include "testcomps.h"
 
 using namespace ide;
@@ -79,6 +80,22 @@ TEST(Palette, RejectsBadInput) {
     EXPECT_THROW(RegisterComponents("", {TGadget::StaticClass()}), rtl::EComponentError);
     EXPECT_THROW(RegisterComponents("Page", {TGadget::StaticClass(), nullptr}), rtl::EComponentError);
     EXPECT_TRUE(PaletteClasses("Page").empty()) << "nothing of a rejected call stays";
+}
+
+TEST(Palette, GlyphsComeFromModuleResources) {
+    EXPECT_EQ(PaletteGlyph(TGadget::StaticClass()), nullptr);
+    vcl::TBitmap bmp;
+    bmp.SetSize(24, 24);
+    std::vector<uint8_t> bytes;
+    bmp.SaveToBytes(bytes);
+    rtl::TResourceModule glyphs("testglyphs");
+    ASSERT_TRUE(glyphs.AddBitmap("TGADGET", bytes.data(), bytes.size()));
+    rtl::RegisterModule(&glyphs);
+    const std::vector<uint8_t>* found = PaletteGlyph(TGadget::StaticClass());
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(*found, bytes);
+    rtl::UnregisterModule(&glyphs);
+    EXPECT_EQ(PaletteGlyph(TGadget::StaticClass()), nullptr);
 }
 
 // ---- Categories

@@ -2,6 +2,7 @@
 // without an icon (RegisterNoIcon).
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -33,5 +34,8 @@ bool IsNoIconClass(TClass ComponentClass);
 std::vector<TClass> NoIconClasses();
 // A class on the palette or registered without icon, by name ignoring case; nil when unknown.
 TClass FindDesignClass(const std::string& ClassName);
+// The palette glyph of a class: the bitmap resource named after the class (BMP file bytes) in the loaded
+// modules, most recently registered first; nil when there is none.
+const std::vector<uint8_t>* PaletteGlyph(TClass ComponentClass);
 
 } // namespace ide
