@@ -25,44 +25,9 @@ JEX_DEFINE_SET(TjexSystemMenuItems, TjexSystemMenuItem)
 
 namespace {
 constexpr int kToolWindowBorder = 2;
-constexpr TjexDockableTo kAllDocks{jdpTop, jdpBottom, jdpLeft, jdpRight};
 constexpr TjexMenuOptions kDefaultMenuOptions{jmoShowImages, jmoShowHints};
 constexpr TjexSystemMenuItems kAllSystemItems{jsiRestore,  jsiMove,     jsiSize,
                                               jsiMinimize, jsiMaximize, jsiClose};
-
-template <class C> void PublishToolWindowLooks(rtl::TClassDecl<C>& d) {
-    pub::Caption(d);
-    pub::Color(d, clBtnFace);
-    pub::Enabled(d);
-    pub::Font(d);
-    pub::ParentFont(d);
-    pub::ParentShowHint(d);
-    pub::PopupMenu(d);
-    pub::ShowHint(d);
-    pub::Visible(d);
-    pub::OnClick(d);
-    pub::OnDblClick(d);
-    pub::OnMouse(d);
-    pub::OnResize(d);
-}
-
-template <class C> void PublishDocking(rtl::TClassDecl<C>& d) {
-    d.Property("ActivateParent", &C::ActivateParent, &C::SetActivateParent).Default(true);
-    d.Property("CloseButton", &C::CloseButton, &C::SetCloseButton).Default(true);
-    d.Property("DefaultDock", &C::DefaultDock, &C::SetDefaultDock);
-    d.Property("DockableTo", &C::DockableTo, &C::SetDockableTo).Default(kAllDocks.Bits());
-    // The parent says where a window is docked; the property shows it but need not be stored.
-    d.Property("DockedTo", &C::DockedTo, &C::SetDockedTo).Stored(false);
-    d.Property("DockMode", &C::DockMode, &C::SetDockMode).Default(jdmCanFloat);
-    d.Property("DockPos", &C::DockPos, &C::SetDockPos).Default(-1);
-    d.Property("DockRow", &C::DockRow, &C::SetDockRow).Default(0);
-    d.Property("DragHandle", &C::DragHandle, &C::SetDragHandle).Default(true);
-    d.Property("FloatingMode", &C::FloatingMode, &C::SetFloatingMode).Default(jfmOnTopOfParentForm);
-    d.Property("FullSize", &C::FullSize, &C::SetFullSize).Default(false);
-    d.Property("HideWhenInactive", &C::HideWhenInactive, &C::SetHideWhenInactive).Default(true);
-    d.Event("OnClose", &C::OnClose);
-    d.Event("OnDockChanged", &C::OnDockChanged);
-}
 
 template <class T> void SetReference(rtl::TComponent* self, T*& field, T* value) {
     if (field == value) return;
@@ -382,8 +347,8 @@ void TjexCustomToolWindow::Notification(rtl::TComponent* AComponent, rtl::TOpera
 }
 
 JEX_IMPLEMENT_CLASS(TjexToolbar, TjexCustomToolWindow, "jexdock") {
-    PublishToolWindowLooks(d);
-    PublishDocking(d);
+    pub::ToolWindowLooks(d);
+    pub::Docking(d);
     d.Property("Images", &TjexToolbar::Images, &TjexToolbar::SetImages);
 }
 
@@ -399,8 +364,8 @@ void TjexToolbar::Notification(rtl::TComponent* AComponent, rtl::TOperation Oper
 }
 
 JEX_IMPLEMENT_CLASS(TjexToolWindow, TjexCustomToolWindow, "jexdock") {
-    PublishToolWindowLooks(d);
-    PublishDocking(d);
+    pub::ToolWindowLooks(d);
+    pub::Docking(d);
     d.Property("ClientAreaHeight", &TjexToolWindow::ClientAreaHeight, &TjexToolWindow::SetClientAreaHeight)
         .Default(50);
     d.Property("ClientAreaWidth", &TjexToolWindow::ClientAreaWidth, &TjexToolWindow::SetClientAreaWidth)
@@ -899,8 +864,8 @@ void TjexMenuImages::Notification(rtl::TComponent* AComponent, rtl::TOperation O
 
 // ---- Menu toolbar ----------------------------------------------------------------------------------------
 JEX_IMPLEMENT_CLASS(TjexMenuToolbar, TjexCustomToolWindow, "jexdock") {
-    PublishToolWindowLooks(d);
-    PublishDocking(d);
+    pub::ToolWindowLooks(d);
+    pub::Docking(d);
     d.Property("GrayWhenInactive", &TjexMenuToolbar::GrayWhenInactive, &TjexMenuToolbar::SetGrayWhenInactive)
         .Default(true);
     d.Property("MainMenu", &TjexMenuToolbar::MainMenu, &TjexMenuToolbar::SetMainMenu);

@@ -305,43 +305,11 @@ std::string jexFormatDateTime(const std::string& Format, TjexDateTime DateTime) 
     return out;
 }
 
-// ---- Publishing ------------------------------------------------------------------------------------------
-namespace {
-// The platform label's published properties, Caption and Layout when the class keeps their meaning.
-template <class C> void PublishLabel(rtl::TClassDecl<C>& d, bool caption, bool layout) {
-    pub::Align(d);
-    d.Property("Alignment", &TCustomLabel::Alignment, &TCustomLabel::SetAlignment).Default(taLeftJustify);
-    pub::Anchors(d);
-    d.Property("AutoSize", &TCustomLabel::AutoSize, &TCustomLabel::SetAutoSize).Default(true);
-    if (caption) pub::Caption(d);
-    pub::Color(d, clBtnFace);
-    pub::DragCursor(d);
-    pub::DragMode(d);
-    pub::Enabled(d);
-    d.Property("FocusControl", &TCustomLabel::FocusControl, &TCustomLabel::SetFocusControl);
-    pub::Font(d);
-    if (layout) d.Property("Layout", &TCustomLabel::Layout, &TCustomLabel::SetLayout).Default(tlTop);
-    pub::ParentColor(d, true);
-    pub::ParentFont(d);
-    pub::ParentShowHint(d);
-    pub::PopupMenu(d);
-    d.Property("ShowAccelChar", &TCustomLabel::ShowAccelChar, &TCustomLabel::SetShowAccelChar).Default(true);
-    pub::ShowHint(d);
-    d.Property("Transparent", &TCustomLabel::Transparent, &TCustomLabel::SetTransparent).Default(false);
-    pub::Visible(d);
-    d.Property("WordWrap", &TCustomLabel::WordWrap, &TCustomLabel::SetWordWrap).Default(false);
-    pub::OnClick(d);
-    pub::OnDblClick(d);
-    pub::OnDrag(d);
-    pub::OnMouse(d);
-}
-} // namespace
-
 JEX_IMPLEMENT_CLASS(TjexCustomLabel, TCustomLabel, "jexlabels") {}
 
 // ---- Rotated label ---------------------------------------------------------------------------------------
 JEX_IMPLEMENT_CLASS(TjexRotLabel, TjexCustomLabel, "jexlabels") {
-    PublishLabel(d, true, true);
+    pub::Label(d, true, true);
     d.Property("Angle", &TjexRotLabel::Angle, &TjexRotLabel::SetAngle).Default(0);
     d.Property("BorderStyle", &TjexRotLabel::BorderStyle, &TjexRotLabel::SetBorderStyle).Default(jlbNone);
     d.Property("CaptionStyle", &TjexRotLabel::CaptionStyle, &TjexRotLabel::SetCaptionStyle)
@@ -392,7 +360,7 @@ void TjexRotLabel::Loaded() {
 
 // ---- Version label ---------------------------------------------------------------------------------------
 JEX_IMPLEMENT_CLASS(TjexVersionLabel, TjexCustomLabel, "jexlabels") {
-    PublishLabel(d, false, true);
+    pub::Label(d, false, true);
     d.Property("DoubleSpaced", &TjexVersionLabel::DoubleSpaced, &TjexVersionLabel::SetDoubleSpaced)
         .Default(false);
     d.Property("ModuleName", &TjexVersionLabel::ModuleName, &TjexVersionLabel::SetModuleName);
@@ -460,7 +428,8 @@ std::vector<std::string> TjexVersionLabel::Lines() const {
 std::string TjexVersionLabel::LinesText() const {
     std::string text;
     std::vector<std::string> lines = Lines();
-    for (size_t i = 0; i < lines.size(); ++i) text += (i ? "\r\n" : "") + lines[i];
+    for (size_t i = 0; i < lines.size(); ++i)
+        text += (i ? "\r\n" : "") + lines[i];
     return text;
 }
 
@@ -496,7 +465,7 @@ template <class C> void PublishMouseLook(rtl::TClassDecl<C>& d) {
 } // namespace
 
 JEX_IMPLEMENT_CLASS(TjexMouseLabel, TjexCustomLabel, "jexlabels") {
-    PublishLabel(d, true, true);
+    pub::Label(d, true, true);
     PublishMouseLook(d);
 }
 
@@ -613,7 +582,7 @@ std::string TjexMailToLabel::TargetURL() const {
 
 // ---- Multi-line label ------------------------------------------------------------------------------------
 JEX_IMPLEMENT_CLASS(TjexMultilineLabel, TjexCustomLabel, "jexlabels") {
-    PublishLabel(d, false, true);
+    pub::Label(d, false, true);
     d.Property("Lines", &TjexMultilineLabel::Lines, &TjexMultilineLabel::SetLines);
 }
 
@@ -676,7 +645,7 @@ std::string jexNumberToWords(int64_t Value) {
 }
 
 JEX_IMPLEMENT_CLASS(TjexCurrencyLabel, TjexCustomLabel, "jexlabels") {
-    PublishLabel(d, false, true);
+    pub::Label(d, false, true);
     d.Property("CurrFractionFormat", &TjexCurrencyLabel::CurrFractionFormat,
                &TjexCurrencyLabel::SetCurrFractionFormat)
         .Default(jcfNumeric);
@@ -756,7 +725,7 @@ void TjexCurrencyLabel::Loaded() {
 
 // ---- Clock label -----------------------------------------------------------------------------------------
 JEX_IMPLEMENT_CLASS(TjexClockLabel, TjexCustomLabel, "jexlabels") {
-    PublishLabel(d, false, true);
+    pub::Label(d, false, true);
     d.Property("Format", &TjexClockLabel::Format, &TjexClockLabel::SetFormat);
     d.Property("Interval", &TjexClockLabel::Interval, &TjexClockLabel::SetInterval).Default(1000);
     d.Event("OnTimer", &TjexClockLabel::OnTimer);
@@ -783,7 +752,7 @@ void TjexClockLabel::Loaded() {
 
 // ---- Margin label ----------------------------------------------------------------------------------------
 JEX_IMPLEMENT_CLASS(TjexSuperLabel, TjexCustomLabel, "jexlabels") {
-    PublishLabel(d, true, false);
+    pub::Label(d, true, false);
     d.Property("BorderColor", &TjexSuperLabel::BorderColor, &TjexSuperLabel::SetBorderColor,
                TypeInfo_TColor())
         .Default(clBlack);

@@ -3,7 +3,9 @@
 // controls do.
 #pragma once
 
+#include "jex/jexdock.h"
 #include "vcl/controls.h"
+#include "vcl/stdctrls.h"
 
 namespace jex::pub {
 
@@ -146,6 +148,71 @@ template <class C> void WinContainer(rtl::TClassDecl<C>& d, TColor color, bool t
     OnEnterExit(d);
     OnMouse(d);
     OnResize(d);
+}
+
+// The looks and docking of toolbars and tool windows.
+constexpr jex::TjexDockableTo kAllDocks{jex::jdpTop, jex::jdpBottom, jex::jdpLeft, jex::jdpRight};
+template <class C> void ToolWindowLooks(rtl::TClassDecl<C>& d) {
+    Caption(d);
+    Color(d, clBtnFace);
+    Enabled(d);
+    Font(d);
+    ParentFont(d);
+    ParentShowHint(d);
+    PopupMenu(d);
+    ShowHint(d);
+    Visible(d);
+    OnClick(d);
+    OnDblClick(d);
+    OnMouse(d);
+    OnResize(d);
+}
+
+template <class C> void Docking(rtl::TClassDecl<C>& d) {
+    d.Property("ActivateParent", &C::ActivateParent, &C::SetActivateParent).Default(true);
+    d.Property("CloseButton", &C::CloseButton, &C::SetCloseButton).Default(true);
+    d.Property("DefaultDock", &C::DefaultDock, &C::SetDefaultDock);
+    d.Property("DockableTo", &C::DockableTo, &C::SetDockableTo).Default(kAllDocks.Bits());
+    // The parent says where a window is docked; the property shows it but need not be stored.
+    d.Property("DockedTo", &C::DockedTo, &C::SetDockedTo).Stored(false);
+    d.Property("DockMode", &C::DockMode, &C::SetDockMode).Default(jex::jdmCanFloat);
+    d.Property("DockPos", &C::DockPos, &C::SetDockPos).Default(-1);
+    d.Property("DockRow", &C::DockRow, &C::SetDockRow).Default(0);
+    d.Property("DragHandle", &C::DragHandle, &C::SetDragHandle).Default(true);
+    d.Property("FloatingMode", &C::FloatingMode, &C::SetFloatingMode).Default(jex::jfmOnTopOfParentForm);
+    d.Property("FullSize", &C::FullSize, &C::SetFullSize).Default(false);
+    d.Property("HideWhenInactive", &C::HideWhenInactive, &C::SetHideWhenInactive).Default(true);
+    d.Event("OnClose", &C::OnClose);
+    d.Event("OnDockChanged", &C::OnDockChanged);
+}
+
+// The platform label's published properties, Caption and Layout when the class keeps their meaning.
+template <class C> void Label(rtl::TClassDecl<C>& d, bool caption, bool layout) {
+    Align(d);
+    d.Property("Alignment", &TCustomLabel::Alignment, &TCustomLabel::SetAlignment).Default(taLeftJustify);
+    Anchors(d);
+    d.Property("AutoSize", &TCustomLabel::AutoSize, &TCustomLabel::SetAutoSize).Default(true);
+    if (caption) Caption(d);
+    Color(d, clBtnFace);
+    DragCursor(d);
+    DragMode(d);
+    Enabled(d);
+    d.Property("FocusControl", &TCustomLabel::FocusControl, &TCustomLabel::SetFocusControl);
+    Font(d);
+    if (layout) d.Property("Layout", &TCustomLabel::Layout, &TCustomLabel::SetLayout).Default(tlTop);
+    ParentColor(d, true);
+    ParentFont(d);
+    ParentShowHint(d);
+    PopupMenu(d);
+    d.Property("ShowAccelChar", &TCustomLabel::ShowAccelChar, &TCustomLabel::SetShowAccelChar).Default(true);
+    ShowHint(d);
+    d.Property("Transparent", &TCustomLabel::Transparent, &TCustomLabel::SetTransparent).Default(false);
+    Visible(d);
+    d.Property("WordWrap", &TCustomLabel::WordWrap, &TCustomLabel::SetWordWrap).Default(false);
+    OnClick(d);
+    OnDblClick(d);
+    OnDrag(d);
+    OnMouse(d);
 }
 
 } // namespace jex::pub
