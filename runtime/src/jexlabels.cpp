@@ -856,7 +856,7 @@ std::string TjexAutoLabel::NameToWords(const std::string& Name) {
             i > start &&
             (std::isupper(c) || (std::isdigit(c) && !std::isdigit(static_cast<unsigned char>(Name[i - 1]))));
         if (boundary && !words.empty() && words.back() != ' ') words += ' ';
-        words += static_cast<char>(i == start ? std::toupper(c) : c);
+        words += static_cast<char>(words.empty() ? std::toupper(c) : c);
     }
     return words;
 }

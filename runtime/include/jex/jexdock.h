@@ -131,6 +131,8 @@ class TjexCustomToolWindow : public vcl::TCustomControl {
 
     void AlignControls() override;
     void Loaded() override;
+    // Docking follows the parent: a TjexDock parent is the dock the window sits in.
+    void SetParent(vcl::TWinControl* AParent) override;
     rtl::TNotifyEvent OnDockChanged;
     rtl::TNotifyEvent OnClose;
 
@@ -143,7 +145,6 @@ protected:
     void ControlAdded(vcl::TControl* AControl) override;
     void ControlRemoved(vcl::TControl* AControl) override;
     void Notification(rtl::TComponent* AComponent, rtl::TOperation Operation) override;
-    void SetParent(vcl::TWinControl* AParent) override;
 
     int FUpdateCount = 0;
     bool FArrangePending = false;
