@@ -577,8 +577,9 @@ void TDataSet::Post() {
         rec->Key = cur->Key;
         rec->Serial = cur->Serial;
     }
-    rec->Values = FEditBuffer;
     for (;;) {
+        // A retrying error handler may have corrected the values, so each attempt takes them afresh.
+        rec->Values = FEditBuffer;
         try {
             InternalPost(*rec, inserting);
             break;

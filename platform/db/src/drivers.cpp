@@ -128,8 +128,8 @@ public:
                       const std::vector<Variant>&) override {
         Unsupported(Table);
     }
-    void UpdateRow(const std::string& Table, int64_t, const std::vector<std::string>&,
-                   const std::vector<Variant>&) override {
+    int64_t UpdateRow(const std::string& Table, int64_t, const std::vector<std::string>&,
+                      const std::vector<Variant>&) override {
         Unsupported(Table);
     }
     void DeleteRow(const std::string& Table, int64_t) override { Unsupported(Table); }

@@ -742,18 +742,24 @@ public:
         return sqlite3_last_insert_rowid(FDb);
     }
 
-    void UpdateRow(const std::string& Table, int64_t Key, const std::vector<std::string>& Columns,
-                   const std::vector<Variant>& Values) override {
-        if (Columns.empty()) return;
+    int64_t UpdateRow(const std::string& Table, int64_t Key, const std::vector<std::string>& Columns,
+                      const std::vector<Variant>& Values) override {
+        if (Columns.empty()) return Key;
         std::string sql = "UPDATE " + Quote(Table) + " SET ";
         for (size_t i = 0; i < Columns.size(); ++i)
             sql += (i ? ", " : "") + Quote(Columns[i]) + " = ?";
-        sql += " WHERE rowid = ?";
+        // An INTEGER PRIMARY KEY column is the rowid itself: changing it moves the row.
+        sql += " WHERE rowid = ? RETURNING rowid";
         std::vector<Variant> params = Values;
         params.push_back(Variant(Key));
-        Exec(sql, params);
-        if (sqlite3_changes(FDb) == 0)
+        TStmt st(FDb, sql);
+        st.Bind(params);
+        if (!st.Step())
             throw EDatabaseError("Couldn't perform the edit because another user changed the record");
+        int64_t newKey = st.Int(0);
+        while (st.Step()) {
+        }
+        return newKey;
     }
 
     void DeleteRow(const std::string& Table, int64_t Key) override {

@@ -250,7 +250,7 @@ void TTable::InternalPost(TRecordData& Record, bool Inserting) {
     if (Inserting)
         Record.Key = conn->InsertRow(name, cols, values);
     else
-        conn->UpdateRow(name, Record.Key, cols, values);
+        Record.Key = conn->UpdateRow(name, Record.Key, cols, values);
     // Read back what was stored: generated keys, defaults, and the database's own conversions.
     std::vector<Variant> stored = conn->ReadRow(name, Record.Key, all);
     for (size_t i = 0; i < stored.size() && i < Record.Values.size(); ++i)

@@ -65,8 +65,9 @@ public:
                               const std::vector<TDbOrder>& Order) = 0;
     virtual int64_t InsertRow(const std::string& Table, const std::vector<std::string>& Columns,
                               const std::vector<Variant>& Values) = 0;
-    virtual void UpdateRow(const std::string& Table, int64_t Key, const std::vector<std::string>& Columns,
-                           const std::vector<Variant>& Values) = 0;
+    // Returns the row's key afterwards (a changed key column can move it).
+    virtual int64_t UpdateRow(const std::string& Table, int64_t Key, const std::vector<std::string>& Columns,
+                              const std::vector<Variant>& Values) = 0;
     virtual void DeleteRow(const std::string& Table, int64_t Key) = 0;
     // The stored values of one row (after defaults and generated keys were applied).
     virtual std::vector<Variant> ReadRow(const std::string& Table, int64_t Key,
