@@ -9,6 +9,7 @@
 #include FT_FREETYPE_H
 
 #include "publish.h"
+#include "vcl/extctrls_more.h"
 #include "vcl/stdctrls.h"
 
 namespace vcl {
@@ -767,6 +768,7 @@ void TApplication::ShowException(const rtl::Exception& E) {
 }
 
 void TApplication::ProcessMessages() {
+    ProcessTimers();
     std::vector<TCustomForm*> released;
     released.swap(FReleased);
     for (TCustomForm* f : released)
