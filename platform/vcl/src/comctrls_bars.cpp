@@ -418,7 +418,7 @@ void TToolBar::ArrangeButtons() {
                     : b->FStyle == tbsDropDown ? size.cx + kDropDownArrowWidth
                                                : size.cx;
             if (!rowOpen) {
-                rows = std::max(rows, 1);
+                ++rows;
                 rowOpen = true;
             } else if (FWrapable && x > r.Left + FIndent && x + w > r.Right && !IsSeparator(b->FStyle)) {
                 x = r.Left + FIndent;

@@ -711,6 +711,8 @@ void TCustomTreeView::SetSelected(TTreeNode* v) {
     if (v == FSelected) return;
     if (v && v->FOwner != FTreeNodes) throw ETreeViewError("The node belongs to another tree view");
     if (!CanChange(v)) return;
+    // As the platform's control does, selecting a node inside a collapsed parent expands the parents.
+    if (v) v->MakeVisible();
     FSelected = v;
     Change(v);
 }

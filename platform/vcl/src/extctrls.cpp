@@ -497,6 +497,18 @@ TPage* TNotebook::PageByCaption(const std::string& Caption) const {
 
 void TNotebook::ControlAdded(TControl* AControl) {
     if (auto* p = dynamic_cast<TPage*>(AControl)) {
+        if (p->IsLoading()) {
+            // A form file holds every page: pages read replace those made in code (the "Default" page),
+            // and belong to the notebook like pages added through Pages.
+            int index = FPageIndex;
+            for (TPage* old : std::vector<TPage*>(FPages))
+                if (!old->IsLoading()) old->Free();
+            FPageIndex = index;
+            if (p->Owner() != this) {
+                if (p->Owner()) p->Owner()->RemoveComponent(p);
+                InsertComponent(p);
+            }
+        }
         if (FInserting >= 0 && FInserting <= PageCount())
             FPages.insert(FPages.begin() + FInserting, p);
         else
@@ -530,6 +542,20 @@ void TNotebook::SetPageIndex(int v) {
     FPages[v]->SetVisible(true);
     FPages[v]->BringToFront();
     OnPageChanged(this);
+}
+
+void TNotebook::Loaded() {
+    TCustomControl::Loaded();
+    // Pages read in stay hidden until the page index read with them shows one.
+    int index = FPageIndex;
+    FPageIndex = -1;
+    for (TPage* p : FPages)
+        p->SetVisible(false);
+    if (index >= 0 && index < PageCount()) {
+        FPageIndex = index;
+        FPages[index]->SetVisible(true);
+        FPages[index]->BringToFront();
+    }
 }
 
 std::string TNotebook::ActivePage() const {

@@ -164,6 +164,7 @@ class TNotebook : public TCustomControl {
     void UserSelect(int Index) override;
     void UserSelectText(const std::string& Text) override;
     void Describe(TControlDesc& d) const override;
+    void Loaded() override;
     TNotifyEvent OnPageChanged;
 
 private:
