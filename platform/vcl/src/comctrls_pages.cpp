@@ -345,12 +345,19 @@ void TPageControl::ControlRemoved(TControl* AControl) {
     auto it = std::find(FPages.begin(), FPages.end(), AControl);
     if (it == FPages.end()) return;
     TTabSheet* sheet = *it;
+    // As on the platform, the page after the active one being removed becomes active (at run time only
+    // one whose tab shows).
+    TTabSheet* next = nullptr;
+    if (sheet == FActivePage) {
+        next = FindNextPage(sheet, true, !IsDesigning());
+        if (next == sheet) next = nullptr;
+    }
     FPages.erase(it);
     sheet->FPageControl = nullptr;
     if (sheet == FActivePage) {
-        // As on the platform, removing the active page leaves none active until one is chosen.
         FActivePage = nullptr;
         sheet->FVisible = false;
+        if (!IsDestroying()) ChangeActivePage(next);
     }
 }
 

@@ -116,8 +116,17 @@ TEST_F(PageControlTest, CtrlTabCyclesAndFreedSheetsLeaveThePageControl) {
     EXPECT_EQ(pc->Pages(0), three);
     one->Free();
     EXPECT_EQ(pc->PageCount(), 2);
+    EXPECT_EQ(pc->ActivePage(), two) << "the page after the removed active one";
+    EXPECT_TRUE(two->Showing());
+    two->SetTabVisible(false);
+    two->SetPageControl(nullptr);
+    EXPECT_EQ(pc->ActivePage(), three);
+    three->SetPageControl(nullptr);
     EXPECT_EQ(pc->ActivePage(), nullptr);
-    EXPECT_THROW(pc->Pages(2), rtl::EListError);
+    three->SetPageControl(pc);
+    EXPECT_EQ(pc->ActivePage(), three) << "the first page to join an empty page control shows";
+    EXPECT_THROW(pc->Pages(1), rtl::EListError);
+    EXPECT_THROW(three->SetParent(form), rtl::EInvalidOperation);
 }
 
 TEST(TabControls, FirstTabIsSelectedAndPersonChoicesRaiseEvents) {
