@@ -745,6 +745,24 @@ TEST_F(CommonControlsStreaming, NotebookPagesTreeAndPanelsReadBackToTheSameTree)
     auto* timer = new TTimer(form);
     timer->SetName("Tick");
     timer->SetInterval(250);
+    auto* tabs = Child<TTabControl>(form, form, "Tabs");
+    tabs->Tabs()->Add("Left");
+    tabs->Tabs()->Add("Right");
+    tabs->SetTabIndex(1);
+    auto* count = Child<TEdit>(form, form, "Count");
+    count->SetBounds(10, 10, 80, 21);
+    auto* spin = Child<TUpDown>(form, form, "Spin");
+    spin->SetPosition(42);
+    spin->SetAssociate(count);
+    auto* files = Child<TListView>(form, form, "Files");
+    files->SetViewStyle(vsReport);
+    files->Columns()->Add()->SetCaption("Name");
+    files->Columns()->Add()->SetWidth(80);
+    TListItem* item = files->Items()->Add();
+    item->SetCaption("readme.txt");
+    item->SubItems()->Add("12 KB");
+    item->SubItems()->Add(std::string(400, 'x')); // past what a length byte holds
+    files->Items()->Add()->SetCaption("empty");
 
     std::string text = rtl::WriteComponentText(form);
     for (const char* expected :
@@ -782,6 +800,14 @@ TEST_F(CommonControlsStreaming, NotebookPagesTreeAndPanelsReadBackToTheSameTree)
     ASSERT_EQ(bar2->ButtonCount(), 3);
     EXPECT_TRUE(bar2->Buttons(1)->Down());
     EXPECT_EQ(bar2->Buttons(2)->DropdownMenu(), copy->FindComponent("BarMenu"));
+    EXPECT_EQ(dynamic_cast<TTabControl*>(copy->FindComponent("Tabs"))->TabIndex(), 1);
+    auto* count2 = dynamic_cast<TEdit*>(copy->FindComponent("Count"));
+    EXPECT_EQ(count2->Width(), count->Width()) << "reading the association does not shrink the edit again";
+    EXPECT_EQ(count2->Text(), "42");
+    auto* files2 = dynamic_cast<TListView*>(copy->FindComponent("Files"));
+    ASSERT_EQ(files2->Items()->Count(), 2);
+    EXPECT_EQ(files2->Items()->Item(0)->SubItems()->Get(1).size(), 400u);
+    EXPECT_EQ(files2->Columns()->Items(1)->Width(), 80);
     auto* picker2 = dynamic_cast<TDateTimePicker*>(copy->FindComponent("When"));
     EXPECT_DOUBLE_EQ(picker2->DateTime(), picker->DateTime());
     copy->Free();

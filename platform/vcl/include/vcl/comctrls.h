@@ -379,7 +379,8 @@ class TCustomTreeView : public TWinControl {
 
     TTreeNodes* Items() const { return FTreeNodes; }
     void SetItems(TTreeNodes* v) { FTreeNodes->Assign(v); }
-    // Setting the selection in code raises OnChanging (which may refuse) and OnChange, as on the platform.
+    // Setting the selection in code raises OnChanging (which may refuse) and OnChange, and expands the
+    // node's parents, as on the platform.
     TTreeNode* Selected() const { return FSelected; }
     void SetSelected(TTreeNode* v);
     TCustomImageList* Images() const { return FImages; }
