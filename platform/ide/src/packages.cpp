@@ -292,7 +292,10 @@ TPackage* TPackageManager::Load(const std::string& nameOrPath, TTransaction& tx,
                 Format("Package %s failed to start: %s", {name, CurrentExceptionMessage()}));
         }
         p->FStarted = true;
-        for (auto& unit : p->FInfo.Contains) {
+        // A package lists its units in reverse link order (the main unit first); Register procedures run in
+        // link order, last listed first, so that a palette page filled by several units gets them in order.
+        for (auto it = p->FInfo.Contains.rbegin(); it != p->FInfo.Contains.rend(); ++it) {
+            auto& unit = *it;
             std::string symbol = "Register_" + LowerCase(unit.Name);
             auto reg = reinterpret_cast<TUnitProc>(OwnSymbol(handle, symbol));
             if (!reg) continue;

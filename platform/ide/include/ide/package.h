@@ -25,7 +25,8 @@
 //
 // (JEX_PACKAGE_REGISTER(fooreg) { ...RegisterComponents(...)... } declares one). After PackageLoad the
 // package manager calls the Register procedure of every unit listed in the package information that has
-// one, with the package's module current, so that unloading withdraws every registration.
+// one, from the last listed unit to the first, with the package's module current, so that unloading
+// withdraws every registration.
 #pragma once
 
 #include <algorithm>
