@@ -1,0 +1,4 @@
+// Jexdfsbp: the page frame's select-page dialog. The unit has no start or stop work.
+#include "dcljexc/units.h"
+
+DCLJEXC_UNIT_WITHOUT_BODIES(Jexdfsbp)

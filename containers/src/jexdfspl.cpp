@@ -1,0 +1,4 @@
+// Jexdfspl: the split pane dialog. The unit has no start or stop work.
+#include "dcljexc/units.h"
+
+DCLJEXC_UNIT_WITHOUT_BODIES(Jexdfspl)

@@ -1,0 +1,4 @@
+// Jexdfnav: the navigator panel wizard. The unit has no start or stop work.
+#include "dcljexc/units.h"
+
+DCLJEXC_UNIT_WITHOUT_BODIES(Jexdfnav)

@@ -1,0 +1,4 @@
+// Jexpedto: the file-open edit component editor. The unit has no start or stop work.
+#include "dcljexc/units.h"
+
+DCLJEXC_UNIT_WITHOUT_BODIES(Jexpedto)

@@ -1,0 +1,4 @@
+// Jexpilst: the image-index property editors. The unit has no start or stop work.
+#include "dcljexc/units.h"
+
+DCLJEXC_UNIT_WITHOUT_BODIES(Jexpilst)

@@ -1,0 +1,17 @@
+// Jexreg_h: the "Jex Multimedia" palette page and the sprite classes, and the multimedia components' own
+// properties in the library's "Jex" category.
+#include "dcljexc/jexpropc.h"
+#include "dcljexc/units.h"
+#include "ide/palette.h"
+
+using namespace dcljexc;
+
+DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_h)
+
+JEX_PACKAGE_REGISTER(jexreg_h) {
+
+    // Property editor registrations and the nine sprite classes of this unit come with the sprite list
+    // editor, the point list editor and the rich text editors.
+
+    // Component editor registrations of this unit come with the sprite list editor.
+}

@@ -1,0 +1,4 @@
+// Jexdftip: the welcome tips editor dialog. The unit has no start or stop work.
+#include "dcljexc/units.h"
+
+DCLJEXC_UNIT_WITHOUT_BODIES(Jexdftip)

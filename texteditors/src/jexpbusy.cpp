@@ -1,0 +1,4 @@
+// Jexpbusy: the busy dialog component editor. The unit has no start or stop work.
+#include "dcljexc/units.h"
+
+DCLJEXC_UNIT_WITHOUT_BODIES(Jexpbusy)

@@ -1,0 +1,4 @@
+// Jexpspla: the splash component editor. The unit has no start or stop work.
+#include "dcljexc/units.h"
+
+DCLJEXC_UNIT_WITHOUT_BODIES(Jexpspla)
