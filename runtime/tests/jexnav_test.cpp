@@ -16,6 +16,20 @@ using namespace vcl;
 
 namespace {
 
+// A form that views the city records, opened by name from a data-source button.
+class TCityForm : public TForm {
+    JEX_CLASS(TCityForm, TForm)
+    explicit TCityForm(rtl::TComponent* owner) : TForm(owner) { SetName("CityForm"); }
+};
+
+// Answers the platform's input box with a value.
+void AnswerInput(TScriptedUI& ui, const std::string& value) {
+    ui.OnForm("TForm", [value](TFormDriver& f) {
+        f.Type("Edit", value);
+        f.Click("OKButton");
+    });
+}
+
 class NavTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -80,6 +94,8 @@ protected:
 };
 
 } // namespace
+
+JEX_IMPLEMENT_CLASS(TCityForm, TForm, "jexnav_test") {}
 
 TEST_F(NavTest, ClassHierarchyIsWhatTheDesignersRelyOn) {
     const rtl::TClass buttons[] = {TjexnpFirst::StaticClass(),          TjexnpJumpBack::StaticClass(),
@@ -422,5 +438,105 @@ TEST_F(NavTest, ToolbarDBEditShowsAndWritesItsField) {
     Source->Free();
     EXPECT_EQ(edit->DataSource(), nullptr);
     Form->Hide();
+}
+
+TEST_F(NavTest, DataSourceEditOpensItsFormAndPostsOnOK) {
+    TScriptedUI ui;
+    rtl::RegisterClass(TCityForm::StaticClass());
+    auto* button = Add<TjexnpDataSourceEdit>();
+    button->SetHint("Edit %datasource%|Display a form to view or edit %datasource% records");
+    EXPECT_EQ(button->ShownHint(), "Edit dsCity|Display a form to view or edit dsCity records");
+    EXPECT_FALSE(button->ActionEnabled()); // no form named yet
+    button->SetFormName("CityForm");
+    Table->Edit();
+    Table->FieldByName("NAME")->SetAsString("Oslo kommune");
+    ui.OnForm("TCityForm", [](TFormDriver& f) { f.Close(mrOk); });
+    button->Click();
+    EXPECT_EQ(button->LastResult(), mrOk);
+    EXPECT_EQ(Table->State(), db::dsBrowse);
+    EXPECT_EQ(Table->FieldByName("NAME")->AsString(), "Oslo kommune");
+    Table->Edit();
+    Table->FieldByName("NAME")->SetAsString("dropped");
+    ui.OnForm("TCityForm", [](TFormDriver& f) { f.Close(mrCancel); });
+    button->Click();
+    EXPECT_EQ(Table->FieldByName("NAME")->AsString(), "Oslo kommune");
+    auto* own = new db::TDataSource(Form);
+    own->SetName("dsOther");
+    button->SetOwnDataSource(own);
+    EXPECT_EQ(button->DataSource(), own);
+    rtl::UnRegisterClass(TCityForm::StaticClass());
+}
+
+TEST_F(NavTest, BlobEditWritesTheMemoFieldWhenConfirmed) {
+    TScriptedUI ui;
+    auto* button = Add<TjexnpBlobEdit>();
+    EXPECT_EQ(button->BlobField(), Table->FieldByName("NOTES"));
+    ui.OnForm("TjexBlobEditForm", [](TFormDriver& f) {
+        f.Type("memBlob", "Capital\r\nof Norway");
+        f.Click("btnOK");
+    });
+    button->Click();
+    EXPECT_EQ(Table->State(), db::dsEdit);
+    Table->Post();
+    EXPECT_EQ(Table->FieldByName("NOTES")->AsString(), "Capital\r\nof Norway");
+    ui.OnForm("TjexBlobEditForm", [](TFormDriver& f) {
+        f.Type("memBlob", "thrown away");
+        f.Click("btnCancel");
+    });
+    button->Click();
+    EXPECT_EQ(Table->State(), db::dsBrowse);
+    button->SetEditBlobAs(jebGraphic);
+    button->Click();
+    EXPECT_EQ(ui.MessageTexts().back(), "Graphic fields cannot be edited here");
+}
+
+TEST_F(NavTest, BookmarkMenuKeepsBookmarksInItsPopup) {
+    TScriptedUI ui;
+    auto* button = Add<TjexnpBookmarkMenu>();
+    button->AddBookmark();
+    Table->MoveBy(3);
+    button->SetLabelByIndexVals(true);
+    button->AddBookmark();
+    ASSERT_EQ(button->BookmarkCount(), 2);
+    EXPECT_EQ(button->BookmarkLabel(0), "Record 1");
+    EXPECT_EQ(button->BookmarkLabel(1), "4"); // the primary index's ID
+    button->Click();
+    EXPECT_EQ(ui.Popups().size(), 1u);
+    TMenuItem* items = button->Menu()->Items();
+    ASSERT_EQ(items->Count(), 5); // add, clear, line, two bookmarks
+    EXPECT_EQ(items->Items(0)->Caption(), "&Add Bookmark");
+    items->Items(3)->Click();
+    EXPECT_EQ(Id(), 1);
+    items->Items(1)->Click();
+    EXPECT_EQ(button->BookmarkCount(), 0);
+    EXPECT_THROW(button->GotoBookmark(0), rtl::EListError);
+}
+
+TEST_F(NavTest, RangeAndQueryParamsAskThroughTheInputBox) {
+    TScriptedUI ui;
+    auto* range = Add<TjexnpRange>();
+    AnswerInput(ui, "2-4");
+    range->Click();
+    EXPECT_TRUE(range->RangeActive());
+    EXPECT_EQ(Table->RecordCount(), 3);
+    range->Click(); // a second click clears it without asking
+    EXPECT_FALSE(range->RangeActive());
+    EXPECT_EQ(Table->RecordCount(), 5);
+
+    auto* query = new db::TQuery(Form);
+    query->SetDatabaseName("NAVDB");
+    query->SQL()->SetText("SELECT * FROM CITY WHERE POP > :MINPOP");
+    query->ParamByName("MINPOP")->SetAsInteger(0);
+    query->Open();
+    Source->SetDataSet(query);
+    auto* params = Add<TjexnpQueryParams>();
+    ASSERT_TRUE(params->ActionEnabled());
+    AnswerInput(ui, "250");
+    params->Click();
+    EXPECT_TRUE(query->Active());
+    EXPECT_EQ(query->RecordCount(), 3);
+    ui.OnForm("TForm", [](TFormDriver& f) { f.Click("CancelButton"); });
+    params->Click(); // cancelled: the query is left as it was
+    EXPECT_EQ(query->RecordCount(), 3);
 }
 #endif

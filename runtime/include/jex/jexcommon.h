@@ -233,7 +233,8 @@ vcl::TScrollingWinControl* jexParentFormorFrameOf(const vcl::TControl* Control);
 vcl::TScrollingWinControl* jexParentFormorFrameOf(const rtl::TComponent* Component);
 
 // ---- The library's component classes ----------------------------------------------------------------------
-// Every unit lists the component classes it declares once, in its source file, with one line:
+// Every unit lists the component classes it declares once, in its source file, with one line naming the
+// unit as its JEX_IMPLEMENT_CLASS lines do:
 //   static const jex::TjexLibraryUnit<TjexDock, TjexToolbar, TjexToolWindow> jexdockUnit("jexdock");
 // The list is the library's own (the design package decides what goes on the palette and into the
 // streaming registry); it is filled when the library is loaded and emptied when it is unloaded.
