@@ -27,7 +27,8 @@ namespace {
     X(jexdock)                                                                                               \
     X(jexlabels)                                                                                             \
     X(jexnav)                                                                                                \
-    X(jexsplit)
+    X(jexsplit)                                                                                              \
+    X(jexlabeled) X(jexdbctrls) X(jexdbgrids) X(jexdbtree) X(jexdblabeled) X(jexappexc) X(jexdbaccess)
 
 // A unit's start runs only on the first pass (the count goes below zero), its stop only when the count
 // returns to zero. The library's units have no start or stop work of their own: registering classes is
