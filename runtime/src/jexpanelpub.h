@@ -2,6 +2,8 @@
 // panel looks, the platform's edit and list properties, and component references that clear themselves.
 #pragma once
 
+#include <memory>
+
 #include "jexpublish.h"
 #include "vcl/extctrls.h"
 #include "vcl/stdctrls.h"
@@ -176,6 +178,20 @@ template <class C> void ComboBox(rtl::TClassDecl<C>& d, bool items = true, bool 
     pub::OnEnterExit(d);
     pub::OnKeys(d);
     d.Event("OnSelect", &TCustomComboBox::OnSelect);
+}
+
+} // namespace jex::pubx
+
+namespace jex::pubx {
+
+// Adds Extra behind whatever handler Event has, keeping the handler's name (the form file's). Extra runs
+// only while *Alive holds, so a component can go away before the control whose event it joined.
+template <class Ev, class F> void ChainEvent(Ev& Event, const std::shared_ptr<bool>& Alive, F Extra) {
+    auto previous = Event.Handler;
+    Event.Handler = [previous, Alive, Extra](auto&&... args) {
+        if (previous) previous(args...);
+        if (*Alive) Extra(args...);
+    };
 }
 
 } // namespace jex::pubx
