@@ -47,16 +47,17 @@ ide::TUnitGuard Guard;
 constexpr const char* HelpFileCommand = "winhlp32 jex6.hlp";
 constexpr const char* ReleaseAgent = "Jex 6.0";
 
-template <class T> T* Make(TjexdfHintAbout* form, rtl::TComponent* owner, const char* name) {
+template <class T> T* Make(rtl::TComponent* owner, const char* name) {
     T* c = new T(owner);
     c->SetName(name);
     return c;
 }
 
+// A control owned by the form, on parent.
 template <class T>
 T* Place(TjexdfHintAbout* form, TWinControl* parent, const char* name, int left, int top, int width,
          int height) {
-    T* c = Make<T>(form, form, name);
+    T* c = Make<T>(form, name);
     c->SetParent(parent);
     c->SetBounds(left, top, width, height);
     return c;
@@ -136,7 +137,7 @@ TjexdfHintAbout::TjexdfHintAbout(rtl::TComponent* AOwner) : TForm(AOwner) {
     btnHelp->SetCaption(rtl::LoadResString(_sjexpropdsgnHintAboutHelp));
     btnHelp->OnClick = rtl::TNotifyEvent(this, &TjexdfHintAbout::btnHelpClick);
 
-    jexMessageDlg1 = Make<jex::TjexMessageDlg>(this, this, "jexMessageDlg1");
+    jexMessageDlg1 = Make<jex::TjexMessageDlg>(this, "jexMessageDlg1");
     jexMessageDlg1->SetCaption(rtl::LoadResString(_sjexpropdsgnHintAboutCaption));
     jexMessageDlg1->SetButtons({mbOK});
     jexMessageDlg1->SetDlgType(mtInformation);

@@ -596,7 +596,7 @@ def nav_state(g):
 
 def nav_count(g):
     g.sunken(1, 7, 22, 16, SILVER)
-    g.text(3, 9, "#1:9", K)
+    g.text(4, 9, "1:99", K)
 
 
 def nav_indexcombo(g):
@@ -648,13 +648,14 @@ def toolbaredit(g, text="ab", db=False):
 
 
 def mainmenu(g):
-    g.fill(1, 3, 22, 7, SILVER)
-    g.rect(1, 3, 22, 7, K)
-    g.text(2, 4, "F", K)
-    g.text(7, 4, "E", K)
-    g.fill(11, 4, 15, 7, NAVY)
-    g.text(12, 4, "V", WHITE)
-    g.menu(10, 8, 21, 21, items=3, sel=1)
+    g.fill(1, 2, 22, 8, SILVER)
+    g.hline(1, 22, 2, WHITE)
+    g.hline(1, 22, 8, GRAY)
+    g.text(3, 3, "F", K)
+    g.text(8, 3, "E", K)
+    g.fill(12, 2, 17, 8, NAVY)
+    g.text(13, 3, "V", WHITE)
+    g.menu(10, 9, 21, 22, items=3, sel=1)
 
 
 def menutoolbar(g):
@@ -791,7 +792,7 @@ def dbeditlabel(g):
 
 def dbrecordcount(g):
     g.sunken(1, 5, 22, 14, SILVER)
-    g.text(3, 7, "1:99", K)
+    g.text(4, 7, "1:99", K)
     g.db(2, 15)
 
 
@@ -1686,8 +1687,9 @@ def progressdlg(g):
 
 
 def idletimeout(g):
-    g.clock(11, 10, 8)
-    g.text(6, 18, "ZZ", BLUE)
+    g.clock(9, 9, 7)
+    g.bitmap(14, 13, ["#####", "...#.", "..#..", ".#...", "#####"], BLUE)
+    g.bitmap(19, 18, ["###", ".#.", "###"], BLUE)
 
 
 def spritesurface(g):
