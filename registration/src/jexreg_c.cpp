@@ -11,6 +11,11 @@ using namespace jex;
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_c)
 
 JEX_PACKAGE_REGISTER(jexreg_c) {
+    // Rows of classes jexc60 does not have yet are added when it gets them: TjexDBTreeView, TjexDBRichEdit,
+    // TjexDBSuperNav, TjexDBEditWin, TjexHDBGrid, TjexDBIndexCombo, TjexDBFilter, TjexDBRangeEdit,
+    // TjexDBAutoEdit, TjexDBFixedGrid, TjexDBEditLabel, TjexDBRecordCount, TjexDBState, TjexDBCurrencyLabel,
+    // TjexLRDBComboBox, TjexDBDateTimePicker, TjexDBMonthCalendar.
+
     ide::RegisterComponents("Jex Toolbars && Menus", {TjexToolbarDBEdit::StaticClass()});
 
     // Property editor registrations of this unit come with the data-aware editors.

@@ -9,6 +9,8 @@ using namespace dcljexc;
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_d)
 
 JEX_PACKAGE_REGISTER(jexreg_d) {
+    // Rows of classes jexc60 does not have yet are added when it gets them: TjexAppException,
+    // TjexDSAppException, TjexDBHintManager, TjexDBHelpManager.
 
     // Property editor registrations of this unit come with the file-name editors.
 }

@@ -17,14 +17,22 @@ ide::TUnitGuard Guard;
 
 void Start() {
     if (!Guard.Start()) return;
+    // ActivateClassGroup(TControl) and RegisterClasses of TjexPage, TjexButtonPage go here once jexc60 has
+    // them.
 }
 
 void Stop() {
     if (!Guard.Stop()) return;
+    // ...and their UnRegisterClasses here.
 }
 } // namespace dcljexc::Jexreg_e
 
 JEX_PACKAGE_REGISTER(jexreg_e) {
+    // Rows of classes jexc60 does not have yet are added when it gets them: TjexFormTabControl,
+    // TjexAnimationFrame, TjexFormPanel, TjexButtonBar, TjexButtonList, TjexPictureGroup, TjexEdgePanel,
+    // TjexDragPanel, TjexSpeedPanel, TjexHintBar, TjexFormTabbedNoteBook, TjexFormNoteBook, TjexLRNoteBook,
+    // TjexLRTabbedNoteBook, TjexPage, TjexButtonPage.
+
     ide::RegisterComponents("Jex Containers", {TjexMultiSplit::StaticClass(), TjexQuadSplit::StaticClass(),
                                                TjexTriSplit::StaticClass(), TjexBiSplit::StaticClass(),
                                                TjexSplitBar::StaticClass(), TjexSMultiSplit::StaticClass(),

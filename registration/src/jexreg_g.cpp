@@ -11,6 +11,10 @@ using namespace jex;
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_g)
 
 JEX_PACKAGE_REGISTER(jexreg_g) {
+    // Rows of classes jexc60 does not have yet are added when it gets them: TjexBusy, TjexSplash,
+    // TjexWelcomeTips, TjexPageSetupDialog, TjexFileOpenEdit, TjexFileSaveEdit, TjexDirectoryEdit,
+    // TjexDirectoryDialog.
+
     ide::RegisterComponents("Jex Dialogs", {TjexMessageDlg::StaticClass(), TjexProgressDlg::StaticClass()});
 
     // Property editor registrations of this unit come with the file-name editors and the value-list editors.

@@ -9,6 +9,10 @@ using namespace dcljexc;
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_h)
 
 JEX_PACKAGE_REGISTER(jexreg_h) {
+    // Rows of classes jexc60 does not have yet are added when it gets them: TjexEffectsImage,
+    // TjexRichEffectsImage, TjexDBEffectsImage, TjexWave, TjexWaveFile, TjexWaveRes, TjexWaveList,
+    // TjexWaveFileList, TjexWaveResList, TjexMCIFilePlayer, TjexMCIStreamPlayer, TjexSpriteSurface,
+    // TjexSpriteList, TjexBitmapSpriteFactory.
 
     // Property editor registrations and the nine sprite classes of this unit come with the sprite list
     // editor, the point list editor and the rich text editors.

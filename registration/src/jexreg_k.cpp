@@ -9,6 +9,9 @@ using namespace dcljexc;
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_k)
 
 JEX_PACKAGE_REGISTER(jexreg_k) {
+    // Rows of classes jexc60 does not have yet are added when it gets them: TjexIdleTimeout,
+    // TjexTitleGradient, TjexSingleInstance, TjexLauncher, TjexFormSaver, TjexFormSizer, TjexStopWatch,
+    // TjexMDIScroll, TjexFormMessageHook, TjexTrayIcon.
 
     // Property editor registrations of this unit come with the file-name editors and the value-list editors.
 }

@@ -8,4 +8,8 @@ using namespace dcljexc;
 
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_l)
 
-JEX_PACKAGE_REGISTER(jexreg_l) {}
+JEX_PACKAGE_REGISTER(jexreg_l) {
+    // Rows of classes jexc60 does not have yet are added when it gets them: TjexLEdit, TjexLMaskEdit,
+    // TjexLSpinEdit, TjexLMemo, TjexLListBox, TjexLComboBox, TjexLImage, TjexLPanel, TjexLScrollBox,
+    // TjexLTreeView, TjexSubLabel.
+}

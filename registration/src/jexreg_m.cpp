@@ -8,4 +8,9 @@ using namespace dcljexc;
 
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_m)
 
-JEX_PACKAGE_REGISTER(jexreg_m) {}
+JEX_PACKAGE_REGISTER(jexreg_m) {
+    // Rows of classes jexc60 does not have yet are added when it gets them: TjexLDBText, TjexLDBEdit,
+    // TjexLDBAutoEdit, TjexLDBMemo, TjexLDBImage, TjexLDBListBox, TjexLDBComboBox, TjexLDBCheckBox,
+    // TjexLDBRadioGroup, TjexLDBLookupList, TjexLDBLookupCombo, TjexLDBLookupListBox, TjexLDBLookupComboBox,
+    // TjexDBSubLabel.
+}

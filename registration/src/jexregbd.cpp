@@ -14,14 +14,20 @@ ide::TUnitGuard Guard;
 
 void Start() {
     if (!Guard.Start()) return;
+    // RegisterClasses of TjexSubQuery, TjexSubTable, TjexSubDataSource go here once jexc60 has them.
 }
 
 void Stop() {
     if (!Guard.Stop()) return;
+    // ...and their UnRegisterClasses here.
 }
 } // namespace dcljexc::Jexregbd
 
 JEX_PACKAGE_REGISTER(jexregbd) {
+    // Rows of classes jexc60 does not have yet are added when it gets them: TjexBDEAdapterReg,
+    // TjexDBAppException, TjexDBQryAppException, TjexLocalTable, TjexLocalQuery, TjexLocalDatabase,
+    // TjexDBIdleTime, TjexDBTableGrid, TjexDBQueryGrid, TjexSubQuery, TjexSubTable, TjexSubDataSource.
+
     // Property editor registrations of this unit come with the data-aware editors.
 
     // Component editor registrations of this unit come with the table builder and the grid, query and index
