@@ -4,6 +4,7 @@
 #include "jex/jexdbtree.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "jexpublish.h"
 
@@ -120,50 +121,69 @@ void TjexDBTreeLevels::Update(rtl::TCollectionItem*) {
 // ---- TjexDBTreeView --------------------------------------------------------------------------------------
 JEX_DEFINE_ENUM(TjexDBTreeOption)
 JEX_DEFINE_SET(TjexDBTreeOptions, TjexDBTreeOption)
-JEX_DEFINE_EVENT_TYPE(TjexDBTreeNodeEvent, "Sender: TObject; Node: TOutlineNode")
 JEX_DEFINE_EVENT_TYPE(TjexDBTreeGetTextEvent,
-                      "Sender: TObject; Node: TOutlineNode; Level: Integer; var Text: string")
+                      "Sender: TObject; Node: TTreeNode; Level: Integer; var Text: string")
 
-JEX_IMPLEMENT_CLASS(TjexDBTreeView, TCustomOutline, "jexdbtree") {
+JEX_IMPLEMENT_CLASS(TjexDBTreeView, TCustomTreeView, "jexdbtree") {
+    using T = TjexDBTreeView;
     pub::Align(d);
     pub::Anchors(d);
+    d.Property("AutoExpand", &T::AutoExpand, &T::SetAutoExpand).Default(false);
+    d.Property("BorderStyle", &T::BorderStyle, &T::SetBorderStyle, TypeInfo_TBorderStyle()).Default(bsSingle);
+    d.Property("ChangeDelay", &T::ChangeDelay, &T::SetChangeDelay).Default(0);
     pub::Color(d, clWindow);
     pub::Ctl3D(d);
-    d.Property("DataField", &TjexDBTreeView::DataField, &TjexDBTreeView::SetDataField).Stored(false);
-    d.Property("DataSource", &TjexDBTreeView::DataSource, &TjexDBTreeView::SetDataSource).Stored(false);
-    d.Property("DataSources", &TjexDBTreeView::DataSources, &TjexDBTreeView::SetDataSources);
+    d.Property("DataField", &T::DataField, &T::SetDataField).Stored(false);
+    d.Property("DataSource", &T::DataSource, &T::SetDataSource).Stored(false);
+    d.Property("DataSources", &T::DataSources, &T::SetDataSources);
     pub::DragCursor(d);
     pub::DragMode(d);
     pub::Enabled(d);
     pub::Font(d);
-    d.Property("Images", &TjexDBTreeView::Images, &TjexDBTreeView::SetImages);
-    d.Property("Options", &TjexDBTreeView::Options, &TjexDBTreeView::SetOptions)
+    d.Property("HideSelection", &T::HideSelection, &T::SetHideSelection).Default(true);
+    d.Property("HotTrack", &T::HotTrack, &T::SetHotTrack).Default(false);
+    d.Property("Images", &T::Images, &T::SetImages);
+    d.Property("Indent", &T::Indent, &T::SetIndent).Default(19);
+    d.Property("Options", &T::Options, &T::SetOptions)
         .Default(TjexDBTreeOptions{jdtAutoRefresh, jdtSyncDataSets}.Bits());
     pub::ParentColor(d, false);
     pub::ParentCtl3D(d);
     pub::ParentFont(d);
     pub::ParentShowHint(d);
     pub::PopupMenu(d);
+    d.Property("ReadOnly", &T::ReadOnly, &T::SetReadOnly).Default(true);
+    d.Property("RightClickSelect", &T::RightClickSelect, &T::SetRightClickSelect).Default(false);
+    d.Property("RowSelect", &T::RowSelect, &T::SetRowSelect).Default(false);
+    d.Property("ShowButtons", &T::ShowButtons, &T::SetShowButtons).Default(true);
     pub::ShowHint(d);
-    d.Property("SyncJEXNavPanel", &TjexDBTreeView::SyncJEXNavPanel, &TjexDBTreeView::SetSyncJEXNavPanel)
-        .Default(false);
+    d.Property("ShowLines", &T::ShowLines, &T::SetShowLines).Default(true);
+    d.Property("ShowRoot", &T::ShowRoot, &T::SetShowRoot).Default(true);
+    d.Property("StateImages", &T::StateImages, &T::SetStateImages);
+    d.Property("SyncJEXNavPanel", &T::SyncJEXNavPanel, &T::SetSyncJEXNavPanel).Default(false);
     pub::TabOrder(d);
     pub::TabStop(d, true);
+    d.Property("ToolTips", &T::ToolTips, &T::SetToolTips).Default(true);
     pub::Visible(d);
+    d.Event("OnChange", &T::OnChange);
+    d.Event("OnChanging", &T::OnChanging);
     pub::OnClick(d);
-    d.Event("OnCollapse", &TjexDBTreeView::OnCollapse);
+    d.Event("OnCollapsed", &T::OnCollapsed);
+    d.Event("OnCollapsing", &T::OnCollapsing);
     pub::OnDblClick(d);
-    d.Event("OnDeletion", &TjexDBTreeView::OnDeletion);
+    d.Event("OnDeletion", &T::OnDeletion);
     pub::OnDrag(d);
     pub::OnEnterExit(d);
-    d.Event("OnExpand", &TjexDBTreeView::OnExpand);
-    d.Event("OnGetText", &TjexDBTreeView::OnGetText);
+    d.Event("OnExpanded", &T::OnExpanded);
+    d.Event("OnExpanding", &T::OnExpanding);
+    d.Event("OnGetText", &T::OnGetText);
     pub::OnKeys(d);
     pub::OnMouse(d);
 }
 
 TjexDBTreeView::TjexDBTreeView(rtl::TComponent* AOwner)
-    : TCustomOutline(AOwner), FLevels(std::make_unique<TjexDBTreeLevels>(this)) {}
+    : TCustomTreeView(AOwner), FLevels(std::make_unique<TjexDBTreeLevels>(this)) {
+    SetReadOnly(true); // the nodes' texts are the records'
+}
 
 TjexDBTreeView::~TjexDBTreeView() {
     // The levels' links must not call back into a tree that is going away.
@@ -198,19 +218,7 @@ void TjexDBTreeView::SetDataField(const std::string& Value) {
 
 void TjexDBTreeView::SetOptions(TjexDBTreeOptions Value) {
     FOptions = Value;
-    if (Value.Contains(jdtFullExpand) && ItemCount()) FullExpand();
-}
-
-void TjexDBTreeView::SetImages(TCustomImageList* Value) {
-    if (FImages == Value) return;
-    if (FImages) FImages->RemoveFreeNotification(this);
-    FImages = Value;
-    if (FImages) FImages->FreeNotification(this);
-}
-
-void TjexDBTreeView::Notification(rtl::TComponent* AComponent, rtl::TOperation Operation) {
-    TCustomOutline::Notification(AComponent, Operation);
-    if (Operation == rtl::opRemove && AComponent == FImages) FImages = nullptr;
+    if (Value.Contains(jdtFullExpand) && Items()->Count()) FullExpand();
 }
 
 void TjexDBTreeView::LevelsChanged() {
@@ -230,72 +238,49 @@ void TjexDBTreeView::LevelDataChanged() {
 }
 
 void TjexDBTreeView::Loaded() {
-    TCustomOutline::Loaded();
+    TCustomTreeView::Loaded();
     Reload();
 }
 
-const TjexDBTreeView::TNodeInfo* TjexDBTreeView::Info(int Index) const {
-    if (Index < 1 || Index > ItemCount()) return nullptr;
-    return static_cast<const TNodeInfo*>(Items(Index)->Data());
+const TjexDBTreeView::TNodeInfo* TjexDBTreeView::Info(const TTreeNode* Node) const {
+    if (!Node || Node->Owner() != Items()) return nullptr;
+    auto* info = static_cast<const TNodeInfo*>(Node->Data());
+    return FInfoSet.count(info) ? info : nullptr;
 }
 
-int TjexDBTreeView::NodeLevel(int Index) const {
-    const TNodeInfo* i = Info(Index);
+int TjexDBTreeView::NodeLevel(const TTreeNode* Node) const {
+    const TNodeInfo* i = Info(Node);
     return i ? i->Level : -1;
-}
-
-int TjexDBTreeView::NodeImageIndex(int Index) const {
-    const TNodeInfo* i = Info(Index);
-    return i ? i->ImageIndex : -1;
-}
-
-int TjexDBTreeView::NodeSelectedIndex(int Index) const {
-    const TNodeInfo* i = Info(Index);
-    return i ? i->SelectedIndex : -1;
-}
-
-int TjexDBTreeView::NodeStateIndex(int Index) const {
-    const TNodeInfo* i = Info(Index);
-    return i ? i->StateIndex : -1;
-}
-
-int TjexDBTreeView::NodeOverlayIndex(int Index) const {
-    const TNodeInfo* i = Info(Index);
-    return i ? i->OverlayIndex : -1;
-}
-
-void TjexDBTreeView::ClearNodes() {
-    if (OnDeletion)
-        for (int i = ItemCount(); i >= 1; --i)
-            OnDeletion(this, Items(i));
-    Clear();
-    FInfos.clear();
 }
 
 void TjexDBTreeView::Reload() {
     if (FLoading) return;
     FLoading = true;
-    BeginUpdate();
+    Items()->BeginUpdate();
     try {
-        ClearNodes();
+        Items()->Clear();
+        FInfos.clear();
+        FInfoSet.clear();
         std::vector<db::TDataSet*> path;
-        LoadLevel(0, 0, path);
+        LoadLevel(0, nullptr, path);
     } catch (...) {
-        EndUpdate();
+        Items()->EndUpdate();
         FLoading = false;
         throw;
     }
-    EndUpdate();
+    Items()->EndUpdate();
     FLoading = false;
     if (FOptions.Contains(jdtFullExpand)) FullExpand();
-    if (FOptions.Contains(jdtSelectFirst) && ItemCount()) SetSelectedItem(1);
+    if (FOptions.Contains(jdtSelectFirst) && Items()->Count()) SetSelected(Items()->GetFirstNode());
 }
 
 namespace {
-int ImageOf(db::TDataSet* ds, const std::string& name) {
-    if (name.empty()) return -1;
+// An image index from a field of the current record, or nothing when the level has no such field.
+std::optional<int> ImageOf(db::TDataSet* ds, const std::string& name) {
+    if (name.empty()) return std::nullopt;
     db::TField* f = ds->FindField(name);
-    if (!f || f->IsNull()) return -1;
+    if (!f) return std::nullopt;
+    if (f->IsNull()) return -1;
     try {
         return f->AsInteger();
     } catch (const rtl::Exception&) {
@@ -304,7 +289,7 @@ int ImageOf(db::TDataSet* ds, const std::string& name) {
 }
 } // namespace
 
-void TjexDBTreeView::LoadLevel(int Level, int ParentIndex, std::vector<db::TDataSet*>& Path) {
+void TjexDBTreeView::LoadLevel(int Level, TTreeNode* Parent, std::vector<db::TDataSet*>& Path) {
     if (Level >= FLevels->Count()) return;
     TjexDBTreeLevel* lv = FLevels->Items(Level);
     db::TDataSet* ds = lv->DataSet();
@@ -321,19 +306,20 @@ void TjexDBTreeView::LoadLevel(int Level, int ParentIndex, std::vector<db::TData
             auto info = std::make_unique<TNodeInfo>();
             info->Level = Level;
             info->Bookmark = ds->GetBookmark();
-            info->ImageIndex = ImageOf(ds, lv->ImageField());
-            info->SelectedIndex = ImageOf(ds, lv->SelImageField());
-            info->StateIndex = ImageOf(ds, lv->StateImageField());
-            info->OverlayIndex = ImageOf(ds, lv->OverlayImageField());
             std::string text = textField ? textField->DisplayText() : std::string();
-            int index = AddChildObject(ParentIndex, text, info.get());
+            TTreeNode* node = Items()->AddChildObject(Parent, text, info.get());
+            FInfoSet.insert(info.get());
             FInfos.push_back(std::move(info));
+            if (auto i = ImageOf(ds, lv->ImageField())) node->SetImageIndex(*i);
+            if (auto i = ImageOf(ds, lv->SelImageField())) node->SetSelectedIndex(*i);
+            if (auto i = ImageOf(ds, lv->StateImageField())) node->SetStateIndex(*i);
+            if (auto i = ImageOf(ds, lv->OverlayImageField())) node->SetOverlayIndex(*i);
             if (OnGetText) {
                 std::string custom = text;
-                OnGetText(this, Items(index), Level, custom);
-                if (custom != text) Items(index)->SetText(custom);
+                OnGetText(this, node, Level, custom);
+                if (custom != text) node->SetText(custom);
             }
-            LoadLevel(Level + 1, index, Path);
+            LoadLevel(Level + 1, node, Path);
             ds->Next();
         }
         if (!mark.empty() && ds->BookmarkValid(mark)) ds->GotoBookmark(mark);
@@ -344,24 +330,20 @@ void TjexDBTreeView::LoadLevel(int Level, int ParentIndex, std::vector<db::TData
     Path.pop_back();
 }
 
-bool TjexDBTreeView::GotoNode(int Index) {
-    if (Index < 1 || Index > ItemCount()) return false;
-    std::vector<TOutlineNode*> chain;
-    for (TOutlineNode* n = Items(Index); n && n->Level() >= 1; n = n->Parent())
+bool TjexDBTreeView::GotoNode(TTreeNode* Node) {
+    if (!Info(Node)) return false;
+    std::vector<TTreeNode*> chain;
+    for (TTreeNode* n = Node; n; n = n->Parent())
         chain.push_back(n);
     std::reverse(chain.begin(), chain.end());
     FLoading = true;
     bool ok = true;
     try {
-        for (TOutlineNode* n : chain) {
-            auto* info = static_cast<const TNodeInfo*>(n->Data());
+        for (TTreeNode* n : chain) {
+            const TNodeInfo* info = Info(n);
             if (!info || info->Level >= FLevels->Count()) continue;
             db::TDataSet* ds = FLevels->Items(info->Level)->DataSet();
-            if (!ds || !ds->Active()) {
-                ok = false;
-                break;
-            }
-            if (!ds->BookmarkValid(info->Bookmark)) {
+            if (!ds || !ds->Active() || !ds->BookmarkValid(info->Bookmark)) {
                 ok = false;
                 break;
             }
@@ -376,25 +358,26 @@ bool TjexDBTreeView::GotoNode(int Index) {
     return ok;
 }
 
-int TjexDBTreeView::FindCurrentNode(int Level) const {
-    if (Level < 0 || Level >= FLevels->Count()) return 0;
+TTreeNode* TjexDBTreeView::FindCurrentNode(int Level) const {
+    if (Level < 0 || Level >= FLevels->Count()) return nullptr;
     db::TDataSet* ds = FLevels->Items(Level)->DataSet();
-    if (!ds || !ds->Active() || ds->IsEmpty()) return 0;
+    if (!ds || !ds->Active() || ds->IsEmpty()) return nullptr;
     db::TBookmark current = ds->GetBookmark();
-    for (int i = 1; i <= ItemCount(); ++i) {
-        const TNodeInfo* info = Info(i);
+    for (int i = 0; i < Items()->Count(); ++i) {
+        TTreeNode* node = Items()->Item(i);
+        const TNodeInfo* info = Info(node);
         if (!info || info->Level != Level || info->Bookmark != current) continue;
         // Every parent's record must be current too.
         bool parentsCurrent = true;
-        for (TOutlineNode* p = Items(i)->Parent(); p && p->Level() >= 1 && parentsCurrent; p = p->Parent()) {
-            auto* pi = static_cast<const TNodeInfo*>(p->Data());
+        for (TTreeNode* p = node->Parent(); p && parentsCurrent; p = p->Parent()) {
+            const TNodeInfo* pi = Info(p);
             db::TDataSet* pds =
                 pi && pi->Level < FLevels->Count() ? FLevels->Items(pi->Level)->DataSet() : nullptr;
             parentsCurrent = pds && pds->Active() && pds->GetBookmark() == pi->Bookmark;
         }
-        if (parentsCurrent) return i;
+        if (parentsCurrent) return node;
     }
-    return 0;
+    return nullptr;
 }
 
 void TjexDBTreeView::SyncNavPanels(db::TDataSource* Source) {
@@ -419,18 +402,15 @@ void TjexDBTreeView::SyncNavPanels(db::TDataSource* Source) {
     }
 }
 
-void TjexDBTreeView::UserSelect(int Index) {
-    TCustomOutline::UserSelect(Index);
-    int level = NodeLevel(Index);
-    if (FOptions.Contains(jdtSyncDataSets)) GotoNode(Index);
-    if (FSyncJEXNavPanel && level >= 0 && level < FLevels->Count())
-        SyncNavPanels(FLevels->Items(level)->DataSource());
-}
-
-void TjexDBTreeView::UserSelectText(const std::string& Text) {
-    int i = GetTextItem(Text);
-    if (!i) throw EUserActionError("No node '" + Text + "' in " + Name());
-    UserSelect(i);
+void TjexDBTreeView::Change(TTreeNode* Node) {
+    if (!FLoading && Node && !IsLoading() && !IsDestroying()) {
+        int level = NodeLevel(Node);
+        // A node whose record is gone reloads the tree: the node no longer exists afterwards.
+        if (FOptions.Contains(jdtSyncDataSets) && !GotoNode(Node)) Node = nullptr;
+        if (Node && FSyncJEXNavPanel && level >= 0 && level < FLevels->Count())
+            SyncNavPanels(FLevels->Items(level)->DataSource());
+    }
+    TCustomTreeView::Change(Node);
 }
 
 static const TjexLibraryUnit<TjexDBTreeView> jexdbtreeUnit("jexdbtree");

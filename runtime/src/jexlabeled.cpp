@@ -396,7 +396,7 @@ JEX_IMPLEMENT_CLASS(TjexLPanel, TPanel, "jexlabeled") {
 JEX_IMPLEMENT_CLASS(TjexLScrollBox, TScrollBox, "jexlabeled") {
     jexPublishSubLabel(d);
 }
-JEX_IMPLEMENT_CLASS(TjexLTreeView, TOutline, "jexlabeled") {
+JEX_IMPLEMENT_CLASS(TjexLTreeView, TTreeView, "jexlabeled") {
     jexPublishSubLabel(d);
 }
 

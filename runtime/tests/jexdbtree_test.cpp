@@ -39,23 +39,36 @@ protected:
         detail->SetDataField("NAME");
         detail->SetStateImageField("AGE");
     }
+    // Every node in tree order, indented with a tab per level.
+    std::vector<std::string> Lines() const {
+        std::vector<std::string> out;
+        for (int i = 0; i < Tree->Items()->Count(); ++i) {
+            TTreeNode* n = Tree->Items()->Item(i);
+            out.push_back(std::string(static_cast<size_t>(n->Level()), '\t') + n->Text());
+        }
+        return out;
+    }
+    TTreeNode* Node(const std::string& path) const { return Tree->Items()->FindPath(path); }
     TjexDBTreeView* Tree = nullptr;
 };
 
 TEST_F(DBTreeTest, LevelsBecomeNodesUnderTheirMasters) {
     TwoLevels();
-    ASSERT_EQ(Tree->ItemCount(), 8);
-    EXPECT_EQ(Tree->Lines()->ToVector(), (std::vector<std::string>{"Sales", "\tAnn", "\tCid", "Research",
-                                                                   "\tBob", "\tEve", "Admin", "\tDan"}));
-    EXPECT_EQ(Tree->NodeLevel(1), 0);
-    EXPECT_EQ(Tree->NodeLevel(2), 1);
-    EXPECT_EQ(Tree->NodeImageIndex(1), 11);
-    EXPECT_EQ(Tree->NodeImageIndex(2), -1);
-    EXPECT_EQ(Tree->NodeStateIndex(2), 34);
+    ASSERT_EQ(Tree->Items()->Count(), 8);
+    EXPECT_EQ(Lines(), (std::vector<std::string>{"Sales", "\tAnn", "\tCid", "Research", "\tBob", "\tEve",
+                                                 "Admin", "\tDan"}));
+    EXPECT_EQ(Tree->NodeLevel(Node("Sales")), 0);
+    EXPECT_EQ(Tree->NodeLevel(Node("Sales\\Ann")), 1);
+    EXPECT_EQ(Node("Sales")->ImageIndex(), 11);
+    EXPECT_EQ(Node("Admin")->ImageIndex(), 13);
+    EXPECT_EQ(Node("Sales\\Ann")->StateIndex(), 34);
     // The data sets are where they were.
     EXPECT_EQ(Dept->RecNo(), 1);
     EXPECT_EQ(Tree->DataSource(), DeptSource);
     EXPECT_EQ(Tree->DataField(), "NAME");
+    TControlDesc d = DescribeControl(Tree);
+    ASSERT_EQ(d.Nodes.size(), 3u);
+    EXPECT_EQ(d.Nodes[1].Children[1].Text, "Eve");
 }
 
 TEST_F(DBTreeTest, SelectingANodeMovesEveryLevelToItsRecords) {
@@ -64,8 +77,8 @@ TEST_F(DBTreeTest, SelectingANodeMovesEveryLevelToItsRecords) {
     f.Select("tvStaff", "Research\\Eve");
     EXPECT_EQ(Dept->FieldByName("NAME")->AsString(), "Research");
     EXPECT_EQ(People->FieldByName("NAME")->AsString(), "Eve");
-    EXPECT_EQ(Tree->FindCurrentNode(1), Tree->GetTextItem("Research\\Eve"));
-    EXPECT_EQ(Tree->FindCurrentNode(0), Tree->GetTextItem("Research"));
+    EXPECT_EQ(Tree->FindCurrentNode(1), Node("Research\\Eve"));
+    EXPECT_EQ(Tree->FindCurrentNode(0), Node("Research"));
 
     Tree->SetOptions(Tree->Options() - TjexDBTreeOptions{jdtSyncDataSets});
     f.Select("tvStaff", "Admin\\Dan");
@@ -75,24 +88,26 @@ TEST_F(DBTreeTest, SelectingANodeMovesEveryLevelToItsRecords) {
 TEST_F(DBTreeTest, ChangedDataReloadsTheTreeAndCustomTextsApply) {
     TwoLevels();
     std::vector<std::string> deleted;
-    Tree->OnDeletion = [&](rtl::TObject*, TOutlineNode* n) { deleted.push_back(n->Text()); };
-    Tree->OnGetText = [](rtl::TObject*, TOutlineNode*, int level, std::string& text) {
+    Tree->OnDeletion = [&](rtl::TObject*, TTreeNode* n) { deleted.push_back(n->Text()); };
+    Tree->OnGetText = [](rtl::TObject*, TTreeNode*, int level, std::string& text) {
         if (level == 1) text = "- " + text;
     };
-    Dept->AppendRecord({4, "Legal", 14});
+    Dept->Append();
+    EXPECT_EQ(Tree->Items()->Count(), 8); // nothing changes while the record is new
+    Dept->SetFields({4, "Legal", 14});
+    Dept->Post();
     ASSERT_GE(deleted.size(), 8u);
-    EXPECT_EQ(deleted[0], "Dan"); // the last node first
-    EXPECT_EQ(Tree->ItemCount(), 9);
-    EXPECT_EQ(Tree->Items(Tree->ItemCount())->Text(), "Legal");
-    EXPECT_EQ(Tree->Items(2)->Text(), "- Ann");
+    EXPECT_EQ(Tree->Items()->Count(), 9);
+    EXPECT_NE(Node("Legal"), nullptr);
+    EXPECT_EQ(Tree->Items()->Item(1)->Text(), "- Ann");
 
     Tree->SetOptions({jdtFullExpand, jdtSelectFirst});
     Tree->Reload();
-    EXPECT_TRUE(Tree->Items(1)->Expanded());
-    EXPECT_EQ(Tree->SelectedItem(), 1);
-    size_t before = Tree->ItemCount();
+    EXPECT_TRUE(Node("Sales")->Expanded());
+    EXPECT_EQ(Tree->Selected(), Node("Sales"));
+    int before = Tree->Items()->Count();
     Dept->AppendRecord({5, "Ops", 15});
-    EXPECT_EQ(static_cast<size_t>(Tree->ItemCount()), before); // no automatic refresh now
+    EXPECT_EQ(Tree->Items()->Count(), before); // no automatic refresh now
 }
 
 TEST_F(DBTreeTest, NavigatorPanelsFollowTheSelectedLevel) {
@@ -112,7 +127,7 @@ TEST_F(DBTreeTest, LevelsLoseFreedDataSourcesAndTheFirstLevelIsTheTreesOwn) {
     Tree->SetDataSource(DeptSource);
     Tree->SetDataField("NAME");
     ASSERT_EQ(Tree->DataSources()->Count(), 1);
-    EXPECT_EQ(Tree->ItemCount(), 3);
+    EXPECT_EQ(Tree->Items()->Count(), 3);
     auto* images = new TImageList(Form);
     Tree->SetImages(images);
     images->Free();
@@ -120,7 +135,7 @@ TEST_F(DBTreeTest, LevelsLoseFreedDataSourcesAndTheFirstLevelIsTheTreesOwn) {
     DeptSource->Free();
     DeptSource = nullptr;
     EXPECT_EQ(Tree->DataSources()->Items(0)->DataSource(), nullptr);
-    EXPECT_EQ(Tree->ItemCount(), 0);
+    EXPECT_EQ(Tree->Items()->Count(), 0);
 }
 
 } // namespace

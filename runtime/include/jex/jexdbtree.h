@@ -4,12 +4,12 @@
 
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "db/dbtables.h"
 #include "jex/jexcommon.h"
-#include "vcl/imglist.h"
-#include "vcl/outline.h"
+#include "vcl/comctrls.h"
 
 namespace jex {
 
@@ -73,17 +73,17 @@ private:
 
 JEX_ENUM(TjexDBTreeOption, jdtAutoRefresh, jdtFullExpand, jdtSyncDataSets, jdtSelectFirst)
 JEX_SET(TjexDBTreeOptions, TjexDBTreeOption)
-JEX_EVENT_TYPE(TjexDBTreeNodeEvent, void(rtl::TObject* Sender, vcl::TOutlineNode* Node))
 JEX_EVENT_TYPE(TjexDBTreeGetTextEvent,
-               void(rtl::TObject* Sender, vcl::TOutlineNode* Node, int Level, std::string& Text))
+               void(rtl::TObject* Sender, vcl::TTreeNode* Node, int Level, std::string& Text))
 
-// The tree view. Options: jdtAutoRefresh reloads when a level's data changes; jdtFullExpand expands every
-// node after loading; jdtSyncDataSets moves each level's data set to the selected node's records;
-// jdtSelectFirst selects the first node after loading. With SyncJEXNavPanel the navigator panels and
-// toolbars of the form follow the selected node's level (their DataSource). DataSource and DataField are
-// the first level's (not stored: the levels are).
-class TjexDBTreeView : public vcl::TCustomOutline {
-    JEX_CLASS(TjexDBTreeView, vcl::TCustomOutline)
+// The tree view. Options: jdtAutoRefresh reloads when a level's data changes (a record being edited shows
+// once it is posted); jdtFullExpand expands every node after loading; jdtSyncDataSets moves each level's
+// data set to the selected node's records; jdtSelectFirst selects the first node after loading. With
+// SyncJEXNavPanel the navigator panels and toolbars of the form follow the selected node's level (their
+// DataSource). DataSource and DataField are the first level's (not stored: the levels are). OnDeletion
+// tells of every node removed (reloading removes them all); OnGetText may change a node's text.
+class TjexDBTreeView : public vcl::TCustomTreeView {
+    JEX_CLASS(TjexDBTreeView, vcl::TCustomTreeView)
     explicit TjexDBTreeView(rtl::TComponent* AOwner);
     ~TjexDBTreeView() override;
 
@@ -97,28 +97,18 @@ class TjexDBTreeView : public vcl::TCustomOutline {
     void SetOptions(TjexDBTreeOptions Value);
     bool SyncJEXNavPanel() const { return FSyncJEXNavPanel; }
     void SetSyncJEXNavPanel(bool Value) { FSyncJEXNavPanel = Value; }
-    vcl::TCustomImageList* Images() const { return FImages; }
-    void SetImages(vcl::TCustomImageList* Value);
 
     // Builds the nodes again from the data sets (keeping each data set on its record).
     void Reload();
-    // The level of a node (0 for the top) and its images, from its record.
-    int NodeLevel(int Index) const;
-    int NodeImageIndex(int Index) const;
-    int NodeSelectedIndex(int Index) const;
-    int NodeStateIndex(int Index) const;
-    int NodeOverlayIndex(int Index) const;
+    // The level of a node (0 for the top), -1 for a node the tree did not load.
+    int NodeLevel(const vcl::TTreeNode* Node) const;
     // Moves the data sets of the node's levels to its records, top level first; false when a record is
     // gone (the tree is then reloaded).
-    bool GotoNode(int Index);
-    // The node of a level whose record is the data set's current one under the current parents, or 0.
-    int FindCurrentNode(int Level) const;
-
-    void UserSelect(int Index) override;
-    void UserSelectText(const std::string& Text) override;
+    bool GotoNode(vcl::TTreeNode* Node);
+    // The node of a level whose record is its data set's current one (and its parents' too), or nil.
+    vcl::TTreeNode* FindCurrentNode(int Level) const;
     void Loaded() override;
 
-    TjexDBTreeNodeEvent OnDeletion;
     TjexDBTreeGetTextEvent OnGetText;
 
     // Called by the levels.
@@ -126,22 +116,20 @@ class TjexDBTreeView : public vcl::TCustomOutline {
     void LevelDataChanged();
 
 protected:
-    void Notification(rtl::TComponent* AComponent, rtl::TOperation Operation) override;
+    void Change(vcl::TTreeNode* Node) override;
 
 private:
     struct TNodeInfo {
         int Level = 0;
         db::TBookmark Bookmark;
-        int ImageIndex = -1, SelectedIndex = -1, StateIndex = -1, OverlayIndex = -1;
     };
-    const TNodeInfo* Info(int Index) const;
-    void ClearNodes();
-    void LoadLevel(int Level, int ParentIndex, std::vector<db::TDataSet*>& Path);
+    const TNodeInfo* Info(const vcl::TTreeNode* Node) const;
+    void LoadLevel(int Level, vcl::TTreeNode* Parent, std::vector<db::TDataSet*>& Path);
     void SyncNavPanels(db::TDataSource* Source);
     std::unique_ptr<TjexDBTreeLevels> FLevels;
     std::vector<std::unique_ptr<TNodeInfo>> FInfos;
+    std::unordered_set<const TNodeInfo*> FInfoSet;
     TjexDBTreeOptions FOptions{jdtAutoRefresh, jdtSyncDataSets};
-    vcl::TCustomImageList* FImages = nullptr;
     bool FSyncJEXNavPanel = false;
     bool FLoading = false;
 };

@@ -7,9 +7,9 @@
 #include <string>
 
 #include "jex/jexcommon.h"
+#include "vcl/comctrls.h"
 #include "vcl/extctrls.h"
 #include "vcl/forms.h"
-#include "vcl/outline.h"
 #include "vcl/spin.h"
 #include "vcl/stdctrls.h"
 
@@ -200,9 +200,8 @@ class TjexLScrollBox : public TjexLabeledControl<vcl::TScrollBox> {
     using TjexLabeledControl::TjexLabeledControl;
 };
 
-// The labelled tree: the platform's outline (its items are its Lines, indented by level).
-class TjexLTreeView : public TjexLabeledControl<vcl::TOutline> {
-    JEX_CLASS(TjexLTreeView, vcl::TOutline)
+class TjexLTreeView : public TjexLabeledControl<vcl::TTreeView> {
+    JEX_CLASS(TjexLTreeView, vcl::TTreeView)
     using TjexLabeledControl::TjexLabeledControl;
 };
 
