@@ -5,6 +5,8 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
 #include <map>
 #include <memory>
 #include <set>
@@ -14,6 +16,7 @@
 #include "ide/palette.h"
 #include "ide/propedit.h"
 #include "loader.h"
+#include "rtl/resources.h"
 #include "rtl/streaming.h"
 #include "vcl/forms.h"
 
@@ -271,6 +274,30 @@ TEST_F(PackageLoad, RegistersThePaletteNoIconAndCategoryTables) {
     EXPECT_TRUE(ide::PalettePages().empty());
     EXPECT_TRUE(ide::NoIconClasses().empty());
     EXPECT_EQ(ide::CategoryRegistrationCount(), categoriesBefore);
+}
+
+// The category's name is a resource string: a catalogue beside the package renames it.
+TEST_F(PackageLoad, ATranslatedCategoryNameRenamesTheCategory) {
+    // A catalogue for a language no other test uses, removed again however the test ends.
+    struct TCatalogue {
+        std::string Path = ide::TPackageManager::HostDirectory() + "/libdclJEXC.qq.po";
+        TCatalogue() {
+            std::ofstream(Path)
+                << "msgctxt \"_sjexPropCategoryName\"\nmsgid \"Jex\"\nmsgstr \"Jex-Eigenschaften\"\n";
+            rtl::SetResourceLanguage("qq");
+        }
+        ~TCatalogue() {
+            rtl::SetResourceLanguage("");
+            std::remove(Path.c_str());
+        }
+    } catalogue;
+    ide::TPackage* p = LoadPackage();
+    rtl::TClass dock = rtl::GetClass("TjexDock");
+    ASSERT_NE(dock, nullptr);
+    const rtl::TPropInfo* allowDrag = rtl::GetPropInfo(dock, "AllowDrag");
+    EXPECT_TRUE(ide::IsPropertyInCategory("Jex-Eigenschaften", dock, allowDrag));
+    EXPECT_FALSE(ide::IsPropertyInCategory("Jex", dock, allowDrag));
+    Manager.UnloadPackage(p);
 }
 
 TEST_F(PackageLoad, LoadUnloadAndLoadAgainLeavesOneLiveHookAndOneRegistrationOfEachClass) {
