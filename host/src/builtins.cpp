@@ -6,9 +6,12 @@
 
 #include "ide/package.h"
 #include "rtl/classes.h"
+#include "rtl/streaming.h"
 #include "vcl/buttons.h"
+#include "vcl/comctrls.h"
 #include "vcl/dialogs.h"
 #include "vcl/extctrls.h"
+#include "vcl/extctrls_more.h"
 #include "vcl/forms.h"
 #include "vcl/grids.h"
 #include "vcl/imglist.h"
@@ -33,6 +36,14 @@ ClassList FormsClasses() {
 ClassList ControlsClasses() {
     return {vcl::TImageList::StaticClass()};
 }
+ClassList ComCtrlsClasses() {
+    using namespace vcl;
+    return {TTabControl::StaticClass(), TPageControl::StaticClass(),    TTabSheet::StaticClass(),
+            TRichEdit::StaticClass(),   TTrackBar::StaticClass(),       TProgressBar::StaticClass(),
+            TUpDown::StaticClass(),     TDateTimePicker::StaticClass(), TMonthCalendar::StaticClass(),
+            TTreeView::StaticClass(),   TListView::StaticClass(),       TStatusBar::StaticClass(),
+            TToolBar::StaticClass(),    TToolButton::StaticClass()};
+}
 ClassList StdCtrlsClasses() {
     using namespace vcl;
     return {TLabel::StaticClass(),     TEdit::StaticClass(),     TMemo::StaticClass(),
@@ -43,7 +54,8 @@ ClassList StdCtrlsClasses() {
 ClassList ExtCtrlsClasses() {
     using namespace vcl;
     return {TPanel::StaticClass(),      TBevel::StaticClass(),    TImage::StaticClass(),
-            TRadioGroup::StaticClass(), TNotebook::StaticClass(), TPage::StaticClass()};
+            TRadioGroup::StaticClass(), TNotebook::StaticClass(), TPage::StaticClass(),
+            TSplitter::StaticClass(),   TTimer::StaticClass(),    TPaintBox::StaticClass()};
 }
 ClassList ButtonsClasses() {
     return {vcl::TSpeedButton::StaticClass(), vcl::TBitBtn::StaticClass()};
@@ -92,6 +104,26 @@ template <ClassList (*Classes)()> ide::TBuiltinUnit ClassUnit(const char* name) 
     return {name, &RegisterUnitClasses<Classes>, &UnregisterUnitClasses<Classes>};
 }
 
+// Controls also lets form files name cursors ("crHandPoint"), as the platform's unit does when it starts.
+void ControlsStart() {
+    RegisterUnitClasses<ControlsClasses>();
+    rtl::RegisterIntegerConsts(
+        vcl::TypeInfo_TCursor(),
+        [](std::string_view ident, int64_t& value) {
+            vcl::TCursor c;
+            if (!vcl::IdentToCursor(std::string(ident), c)) return false;
+            value = c;
+            return true;
+        },
+        [](int64_t value, std::string& ident) {
+            return vcl::CursorToIdent(static_cast<vcl::TCursor>(value), ident);
+        });
+}
+void ControlsStop() {
+    rtl::UnRegisterIntegerConsts(vcl::TypeInfo_TCursor());
+    UnregisterUnitClasses<ControlsClasses>();
+}
+
 ide::TBuiltinUnit Plain(const char* name) {
     return {name, nullptr, nullptr};
 }
@@ -118,7 +150,7 @@ const std::vector<TBuiltinTable>& Tables() {
                              "ShellAPI", "ShlObj",    "MMSystem", "WinInet",   "CommDlg",  "ZLib"})});
         std::vector<ide::TBuiltinUnit> vcl = {
             Plain("Graphics"),
-            ClassUnit<ControlsClasses>("Controls"),
+            {"Controls", &ControlsStart, &ControlsStop},
             ClassUnit<FormsClasses>("Forms"),
             ClassUnit<StdCtrlsClasses>("StdCtrls"),
             ClassUnit<ExtCtrlsClasses>("ExtCtrls"),
@@ -127,9 +159,9 @@ const std::vector<TBuiltinTable>& Tables() {
             ClassUnit<MenusClasses>("Menus"),
             ClassUnit<DialogsClasses>("Dialogs"),
         };
-        for (auto& u :
-             plain({"ImgList", "ComCtrls", "CommCtrl", "ToolWin", "ActnList", "StdActns", "Clipbrd",
-                    "Printers", "Consts", "ComStrs", "ExtDlgs", "AppEvnts", "Themes", "FlatSB", "MultiMon"}))
+        vcl.push_back(ClassUnit<ComCtrlsClasses>("ComCtrls"));
+        for (auto& u : plain({"ImgList", "CommCtrl", "ToolWin", "ActnList", "StdActns", "Clipbrd", "Printers",
+                              "Consts", "ComStrs", "ExtDlgs", "AppEvnts", "Themes", "FlatSB", "MultiMon"}))
             vcl.push_back(std::move(u));
         t.push_back({"vcl60", std::move(vcl)});
         std::vector<ide::TBuiltinUnit> vclx = {ClassUnit<OutlineClasses>("Outline")};

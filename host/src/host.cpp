@@ -11,8 +11,10 @@
 #include "mainwindow.h"
 #include "rtl/resources.h"
 #include "vcl/buttons.h"
+#include "vcl/comctrls.h"
 #include "vcl/dialogs.h"
 #include "vcl/extctrls.h"
+#include "vcl/extctrls_more.h"
 #include "vcl/grids.h"
 #include "vcl/imglist.h"
 #include "vcl/outline.h"
@@ -106,7 +108,16 @@ void THost::RegisterStandardPalette() {
     ide::RegisterComponents(
         "Additional", {TBitBtn::StaticClass(), TSpeedButton::StaticClass(), TStringGrid::StaticClass(),
                        TDrawGrid::StaticClass(), TImage::StaticClass(), TBevel::StaticClass(),
-                       TScrollBox::StaticClass(), TStaticText::StaticClass(), TImageList::StaticClass()});
+                       TScrollBox::StaticClass(), TStaticText::StaticClass(), TSplitter::StaticClass()});
+    ide::RegisterComponents(
+        "Win32", {TTabControl::StaticClass(), TPageControl::StaticClass(), TImageList::StaticClass(),
+                  TRichEdit::StaticClass(), TTrackBar::StaticClass(), TProgressBar::StaticClass(),
+                  TUpDown::StaticClass(), TDateTimePicker::StaticClass(), TMonthCalendar::StaticClass(),
+                  TTreeView::StaticClass(), TListView::StaticClass(), TStatusBar::StaticClass(),
+                  TToolBar::StaticClass()});
+    ide::RegisterComponents("System", {TTimer::StaticClass(), TPaintBox::StaticClass()});
+    // Made by their containers' editors, never dropped on their own.
+    ide::RegisterNoIcon({TTabSheet::StaticClass(), TToolButton::StaticClass()});
     ide::RegisterComponents("Win 3.1", {TNotebook::StaticClass(), TOutline::StaticClass()});
     ide::RegisterComponents("Samples", {TSpinEdit::StaticClass()});
     ide::RegisterComponents("Dialogs", {TOpenDialog::StaticClass(), TSaveDialog::StaticClass(),

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "rtl/dfm.h"
 #include "vcl/dialogs.h"
 
 namespace host {
@@ -40,6 +41,24 @@ TComponent* CreateRoot(TClass cls) {
         }
     }
     return root;
+}
+// The root class for a form file: its own class when that is a registered form or frame class, else a frame
+// when the root has a tab order (a frame's root does, a form's never), else TForm. Text that does not parse
+// gets TForm, whose reading then says what is wrong.
+TClass RootClassOfText(const std::string& text) {
+    if (!ide::IsComponentText(text)) return vcl::TForm::StaticClass();
+    try {
+        TDfmDocument doc = ParseDfm(text);
+        if (doc.Objects.size() != 1) return vcl::TForm::StaticClass();
+        const TDfmObject& root = doc.Objects.front();
+        if (TClass cls = GetClass(root.ClassName); cls && cls->CanCreateComponent() &&
+                                                   (cls->InheritsFrom(vcl::TCustomForm::StaticClass()) ||
+                                                    cls->InheritsFrom(vcl::TCustomFrame::StaticClass())))
+            return cls;
+        if (root.FindProperty("TabOrder")) return vcl::TFrame::StaticClass();
+    } catch (const Exception&) {
+    }
+    return vcl::TForm::StaticClass();
 }
 } // namespace
 
@@ -93,7 +112,7 @@ void TDesignSession::NewForm(const std::string& className, const std::string& na
 
 void TDesignSession::OpenForm(const std::string& fileName) {
     std::string text = ReadFileBytes(fileName);
-    TComponent* root = CreateRoot(vcl::TForm::StaticClass());
+    TComponent* root = CreateRoot(RootClassOfText(text));
     auto designer = std::make_unique<ide::TFormDesigner>(root, true);
     try {
         designer->LoadFromText(text);

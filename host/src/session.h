@@ -35,7 +35,9 @@ public:
     // an empty name gives the class name without "T" followed by 1. Replaces the current form without
     // asking (see CloseQuery).
     void NewForm(const std::string& className = "TForm", const std::string& name = {});
-    // Reads a text form file into a new TForm root. On any error the current form stays as it was.
+    // Reads a text form file into a new root: the file's own class when it is a registered form or frame
+    // class, else a TFrame for a frame's file (its root has a TabOrder), else a TForm. On any error the
+    // current form stays as it was.
     void OpenForm(const std::string& fileName);
     // Writes the form as a text form file, takes the name as the form's file and clears the modified flag.
     void SaveForm(const std::string& fileName);

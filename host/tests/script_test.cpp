@@ -471,9 +471,83 @@ TEST_F(Scripts, PaletteHintsGoThroughTheApplicationsHintHandler) {
     Json script = Json::parse(R"js([
       {"op": "hint", "class": "TPanel"},
       {"op": "expect", "hint": "Panel"},
-      {"op": "hint", "class": "TTimer", "expectError": "TTimer has no icon on the palette"}
+      {"op": "hint", "class": "TMenuItem", "expectError": "TMenuItem has no icon on the palette"}
     ])js");
     TRun r = RunScript(script, {});
     ASSERT_EQ(r.Status, 0) << r.Err << r.Out;
     EXPECT_EQ(Transcript(r)["hints"], Json::array({"Panel"}));
+}
+
+TEST_F(Scripts, AModelessWindowOfAPackageSeesPaletteHints) {
+    Json script = Json::parse(R"js([
+      {"op": "new"},
+      {"op": "drop", "class": "TTestGauge"},
+      {"op": "verb", "component": "TestGauge1", "verb": "Monitor"},
+      {"op": "hint", "class": "TTestLamp"},
+      {"op": "form", "class": "TGaugeMonitor", "actions": [
+          {"expect": "HintLabel", "caption": "Hint: TestLamp"},
+          {"click": "CloseButton"}]},
+      {"op": "form", "class": "TGaugeMonitor", "actions": [], "expectError": "No open form of class TGaugeMonitor"},
+      {"op": "hint", "class": "TPanel"},
+      {"op": "verb", "component": "TestGauge1", "verb": "Monitor"}
+    ])js");
+    // The last window stays open: the host frees it before the package that made it goes.
+    TRun r = RunScript(script, AllPackages());
+    ASSERT_EQ(r.Status, 0) << r.Err << r.Out;
+    Json t = Transcript(r);
+    ASSERT_EQ(t["forms"].size(), 2u);
+    EXPECT_FALSE(t["forms"][0]["modal"].get<bool>());
+    EXPECT_TRUE(t["forms"][0]["closed"].get<bool>());
+    EXPECT_FALSE(t["forms"][1]["closed"].get<bool>());
+    EXPECT_TRUE(t["steps"][4]["result"]["closed"].get<bool>());
+    EXPECT_EQ(t["hints"], Json::array({"TestLamp", "Panel"}));
+}
+
+TEST_F(Scripts, EnvironmentOptionsChangeTheSystemDirectory) {
+    std::filesystem::create_directories(Dir / "other");
+    Json script = Json::parse(R"js([
+      {"op": "answer", "form": "TEnvironmentOptionsDialog", "actions": [
+          {"answer": {"folder": "FOLDER"}},
+          {"click": "BrowseButton"},
+          {"expect": "SystemDirEdit", "caption": "FOLDER"}],
+       "close": "ok"},
+      {"op": "menu", "item": "ToolsEnvironmentOptionsItem"},
+      {"op": "answer", "form": "TAboutBox", "actions": [
+          {"expect": "SystemDirLabel", "caption": "System directory: FOLDER"},
+          {"key": "Enter"}]},
+      {"op": "menu", "item": "HelpAboutItem"}
+    ])js");
+    std::string folder = (Dir / "other").string();
+    std::string text = script.dump();
+    for (size_t at; (at = text.find("FOLDER")) != std::string::npos;)
+        text.replace(at, 6, folder);
+    TRun r = RunScript(Json::parse(text), {});
+    ASSERT_EQ(r.Status, 0) << r.Err << r.Out;
+    Json t = Transcript(r);
+    EXPECT_EQ(t["dialogs"][0]["kind"], "folder");
+    EXPECT_EQ(t["forms"][1]["result"], "ok");
+}
+
+TEST_F(Scripts, OpensFramesAndFormsFromTextFormFiles) {
+    WriteAll(Dir / "Frame.dfm",
+             "object Frame1: TFrame1\n  Left = 0\n  Top = 0\n  Width = 320\n  Height = 240\n"
+             "  TabOrder = 0\n  object Button1: TButton\n    Left = 8\n    Top = 8\n"
+             "    Width = 75\n    Height = 25\n    Cursor = crHandPoint\n    Caption = 'Go'\n"
+             "    TabOrder = 0\n  end\nend\n");
+    WriteAll(Dir / "Broken.dfm", "object Form1: TForm1\n  object Button1: TNoSuchButton\n  end\nend\n");
+    Json script = Json::array();
+    script.push_back({{"op", "new"}, {"name", "Kept"}});
+    script.push_back(
+        {{"op", "open"}, {"file", (Dir / "Broken.dfm").string()}, {"expectError", "TNoSuchButton"}});
+    script.push_back({{"op", "expect"}, {"component", "Kept"}, {"property", "Name"}, {"value", "Kept"}});
+    script.push_back({{"op", "open"}, {"file", (Dir / "Frame.dfm").string()}});
+    script.push_back(
+        {{"op", "expect"}, {"component", "Button1"}, {"property", "Cursor"}, {"value", "crHandPoint"}});
+    TRun r = RunScript(script, {});
+    ASSERT_EQ(r.Status, 0) << r.Err << r.Out;
+    Json t = Transcript(r);
+    EXPECT_EQ(t["steps"][2]["ok"], true) << "a file that does not read leaves the open form as it was";
+    EXPECT_EQ(t["form"]["name"], "Frame1");
+    EXPECT_EQ(t["form"]["class"], "TFrame");
+    EXPECT_EQ(t["steps"][3]["result"]["components"], 1);
 }

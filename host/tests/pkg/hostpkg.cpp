@@ -87,10 +87,46 @@ private:
 };
 JEX_IMPLEMENT_CLASS(TGaugeSetupDialog, vcl::TForm, "GaugeDlg") {}
 
+// A modeless window that shows the last hint the application showed, through Application.OnShowHint,
+// keeping the handler that was installed before it in the chain until it closes.
+class TGaugeMonitor : public vcl::TForm {
+    JEX_CLASS(TGaugeMonitor, vcl::TForm)
+    explicit TGaugeMonitor(rtl::TComponent* AOwner) : TForm(AOwner) {
+        SetName("GaugeMonitor");
+        SetCaption("Gauge Monitor");
+        HintLabel = new vcl::TLabel(this);
+        HintLabel->SetName("HintLabel");
+        HintLabel->SetParent(this);
+        CloseButton = new vcl::TButton(this);
+        CloseButton->SetName("CloseButton");
+        CloseButton->SetParent(this);
+        CloseButton->SetCaption("Close");
+        CloseButton->OnClick = rtl::TNotifyEvent(this, &TGaugeMonitor::CloseClick);
+        OnClose = vcl::TCloseEvent(this, &TGaugeMonitor::FormClose);
+        FOldShowHint = vcl::Application()->OnShowHint;
+        vcl::Application()->OnShowHint = vcl::TShowHintEvent(this, &TGaugeMonitor::AppShowHint);
+    }
+    ~TGaugeMonitor() override { vcl::Application()->OnShowHint = FOldShowHint; }
+    vcl::TLabel* HintLabel;
+    vcl::TButton* CloseButton;
+
+private:
+    void AppShowHint(std::string& HintStr, bool& CanShow, vcl::THintInfo& HintInfo) {
+        FOldShowHint(HintStr, CanShow, HintInfo);
+        HintLabel->SetCaption("Hint: " + HintStr);
+    }
+    void CloseClick(rtl::TObject*) { Close(); }
+    void FormClose(rtl::TObject*, vcl::TCloseAction& Action) { Action = vcl::caFree; }
+    vcl::TShowHintEvent FOldShowHint;
+};
+JEX_IMPLEMENT_CLASS(TGaugeMonitor, vcl::TForm, "GaugeDlg") {}
+
 class TGaugeEditor : public TComponentEditor {
     JEX_CLASS(TGaugeEditor, TComponentEditor)
-    int GetVerbCount() override { return 2; }
-    std::string GetVerb(int index) override { return index == 0 ? "&Configure..." : "&Reset"; }
+    int GetVerbCount() override { return 3; }
+    std::string GetVerb(int index) override {
+        return index == 0 ? "&Configure..." : index == 1 ? "&Reset" : "&Monitor";
+    }
     void ExecuteVerb(int index) override {
         auto* g = static_cast<TTestGauge*>(Component());
         if (index == 0) {
@@ -110,6 +146,8 @@ class TGaugeEditor : public TComponentEditor {
                 throw;
             }
             dlg->Free();
+        } else if (index == 2) {
+            vcl::NewForm<TGaugeMonitor>(vcl::Application())->Show();
         } else if (vcl::MessageDlg("Reset " + g->Name() + " to its defaults?", vcl::mtConfirmation,
                                    {vcl::mbYes, vcl::mbNo}, 0) == vcl::mrYes) {
             g->SetTitle("");
