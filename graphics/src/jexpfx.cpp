@@ -1,4 +1,5 @@
-// Jexpfx: the transition effect property editors, a designer that is not built. The unit has no start or stop work.
+// Jexpfx: the transition effect property editors, a designer that is not built. The unit has no start or stop
+// work.
 #include "dcljexc/units.h"
 
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexpfx)
