@@ -273,6 +273,10 @@ void ValidateAnswer(const TJson& a, size_t index, const std::string& op) {
     if (kinds != 1)
         StepError(index, op,
                   "an answer is for exactly one of form, message, open, save, folder, color, font");
+    if ((a.contains("actions") || a.contains("close")) && !a.contains("form"))
+        StepError(index, op, "actions and close go with a form answer");
+    if ((a.contains("text") || a.contains("contains")) && !a.contains("message"))
+        StepError(index, op, "text and contains go with a message answer");
     if (a.contains("form")) {
         if (!a["form"].is_string()) StepError(index, op, "form names the dialog's class");
         if (a.contains("actions")) {

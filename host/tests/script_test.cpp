@@ -237,6 +237,7 @@ TEST_F(Scripts, BadStepsAreRefusedBeforeAnythingRuns) {
         {R"js([{"op": "set", "property": "Caption", "value": "x", "onError": "shrug"}])js",
          "onError is stop or continue"},
         {R"js([{"op": "expect"}])js", "nothing to expect"},
+        {R"js([{"op": "answer", "open": "x", "close": "ok"}])js", "actions and close go with a form answer"},
         {R"js([])js", "The script has no steps"},
         {"{\"op\": \"new\"}\nnot json\n", "line 2: not a JSON step"},
     };
