@@ -74,12 +74,17 @@ DCLJEXC_DECLARE_UNIT(Jexpdbgr)
 #define JEXC60_UNIT_PROCS(Unit)                                                                              \
     extern "C" void Initialize_##Unit();                                                                     \
     extern "C" void Finalize_##Unit();
+JEXC60_UNIT_PROCS(jexappexc)
 JEXC60_UNIT_PROCS(jexbuttons)
 JEXC60_UNIT_PROCS(jexcommon)
+JEXC60_UNIT_PROCS(jexdbctrls)
+JEXC60_UNIT_PROCS(jexdblabeled)
 JEXC60_UNIT_PROCS(jexdialogs)
 JEXC60_UNIT_PROCS(jexdock)
+JEXC60_UNIT_PROCS(jexlabeled)
 JEXC60_UNIT_PROCS(jexlabels)
 JEXC60_UNIT_PROCS(jexnav)
+JEXC60_UNIT_PROCS(jexshape)
 JEXC60_UNIT_PROCS(jexsplit)
 #undef JEXC60_UNIT_PROCS
 
@@ -221,9 +226,9 @@ const ide::TPackageUnitEntry UnitTable[] = {
     // Jexreg_b
     USES(rtl60, Classes), USES(vcl60, Controls), USES(designide60, DesignIntf), JEXC60(jexnav), OWN(Jexreg_b),
     // Jexreg_c
-    USES(rtl60, Classes), USES(designide60, DesignIntf), JEXC60(jexcommon), OWN(Jexreg_c),
+    USES(rtl60, Classes), USES(designide60, DesignIntf), JEXC60(jexdbctrls), OWN(Jexreg_c),
     // Jexreg_d
-    USES(rtl60, Classes), USES(designide60, DesignIntf), JEXC60(jexcommon), OWN(Jexreg_d),
+    USES(rtl60, Classes), USES(designide60, DesignIntf), JEXC60(jexappexc), OWN(Jexreg_d),
     // Jexregbd
     USES(rtl60, Classes), USES(bdertl60, DBTables), USES(designide60, DesignIntf), USES(dcldb60, DBReg),
     USES(dclbde60, BDEReg), OWN(Jexregbd),
@@ -231,7 +236,7 @@ const ide::TPackageUnitEntry UnitTable[] = {
     USES(rtl60, Classes), USES(vcl60, Controls), USES(designide60, DesignIntf), JEXC60(jexsplit),
     OWN(Jexreg_e),
     // Jexreg_f
-    USES(designide60, DesignIntf), JEXC60(jexcommon), OWN(Jexreg_f),
+    USES(designide60, DesignIntf), JEXC60(jexshape), OWN(Jexreg_f),
     // Jexreg_g
     USES(rtl60, Classes), USES(designide60, DesignIntf), JEXC60(jexdialogs), OWN(Jexreg_g),
     // Jexpfxr
@@ -251,9 +256,9 @@ const ide::TPackageUnitEntry UnitTable[] = {
     // Jexreg_k
     USES(rtl60, Classes), USES(designide60, DesignIntf), OWN(Jexreg_k),
     // Jexreg_l
-    USES(designide60, DesignIntf), JEXC60(jexcommon), OWN(Jexreg_l),
+    USES(designide60, DesignIntf), JEXC60(jexlabeled), OWN(Jexreg_l),
     // Jexreg_m
-    USES(designide60, DesignIntf), JEXC60(jexcommon), OWN(Jexreg_m),
+    USES(designide60, DesignIntf), JEXC60(jexdblabeled), OWN(Jexreg_m),
     // Jexpdbgr
     USES(dbrtl60, DB), USES(bdertl60, DBTables), USES(designide60, DesignIntf),
     USES(designide60, DesignEditors), USES(dcldb60, DSDesign), USES(dclbde60, SQLEdit), OWN(Jexpdbgr),

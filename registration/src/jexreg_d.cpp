@@ -3,14 +3,28 @@
 #include "dcljexc/jexpropc.h"
 #include "dcljexc/units.h"
 #include "ide/palette.h"
+#include "jex/jexappexc.h"
+#include "jex/jexdbaccess.h"
 
 using namespace dcljexc;
+using namespace jex;
 
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_d)
 
 JEX_PACKAGE_REGISTER(jexreg_d) {
-    // Rows of classes jexc60 does not have yet are added when it gets them: TjexAppException,
-    // TjexDSAppException, TjexDBHintManager, TjexDBHelpManager.
+    ide::RegisterComponents("Jex Data Access",
+                            {TjexAppException::StaticClass(), TjexDSAppException::StaticClass(),
+                             TjexDBHintManager::StaticClass(), TjexDBHelpManager::StaticClass()});
 
     // Property editor registrations of this unit come with the file-name editors.
+
+    jexRegisterPropertiesInCategory(TjexAppException::StaticClass(),
+                                    {"ConfirmTerminate", "ExcepLog", "ExcepMsg", "Terminate"});
+    jexRegisterPropertiesInCategory(TjexDSAppException::StaticClass(),
+                                    {"ConfirmTerminate", "ExcepLog", "ExcepMsg", "Terminate"});
+    jexRegisterPropertiesInCategory(
+        TjexDBHintManager::StaticClass(),
+        {"HintColor", "HintHidePause", "HintPause", "HintShortPause", "HintTable", "KeyFirstParentForm"});
+    jexRegisterPropertiesInCategory(TjexDBHelpManager::StaticClass(),
+                                    {"HelpTable", "KeyFirstParentForm", "Template"});
 }

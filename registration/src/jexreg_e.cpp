@@ -4,6 +4,7 @@
 #include "dcljexc/jexpropc.h"
 #include "dcljexc/units.h"
 #include "ide/palette.h"
+#include "jex/jexeffects.h"
 #include "jex/jexsplit.h"
 #include "vcl/controls.h"
 

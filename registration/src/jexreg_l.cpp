@@ -3,13 +3,21 @@
 #include "dcljexc/jexpropc.h"
 #include "dcljexc/units.h"
 #include "ide/palette.h"
+#include "jex/jexlabeled.h"
 
 using namespace dcljexc;
+using namespace jex;
 
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_l)
 
 JEX_PACKAGE_REGISTER(jexreg_l) {
-    // Rows of classes jexc60 does not have yet are added when it gets them: TjexLEdit, TjexLMaskEdit,
-    // TjexLSpinEdit, TjexLMemo, TjexLListBox, TjexLComboBox, TjexLImage, TjexLPanel, TjexLScrollBox,
-    // TjexLTreeView, TjexSubLabel.
+    ide::RegisterComponents("Jex Attached Label",
+                            {TjexLEdit::StaticClass(), TjexLMaskEdit::StaticClass(),
+                             TjexLSpinEdit::StaticClass(), TjexLMemo::StaticClass(),
+                             TjexLListBox::StaticClass(), TjexLComboBox::StaticClass(),
+                             TjexLImage::StaticClass(), TjexLPanel::StaticClass(),
+                             TjexLScrollBox::StaticClass(), TjexLTreeView::StaticClass()});
+
+    jexRegisterPropertiesInCategory(TjexSubLabel::StaticClass(),
+                                    {"Enabled", "FocusControl", "Locked", "Visible"});
 }

@@ -3,14 +3,22 @@
 #include "dcljexc/jexpropc.h"
 #include "dcljexc/units.h"
 #include "ide/palette.h"
+#include "jex/jexdblabeled.h"
 
 using namespace dcljexc;
+using namespace jex;
 
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_m)
 
 JEX_PACKAGE_REGISTER(jexreg_m) {
-    // Rows of classes jexc60 does not have yet are added when it gets them: TjexLDBText, TjexLDBEdit,
-    // TjexLDBAutoEdit, TjexLDBMemo, TjexLDBImage, TjexLDBListBox, TjexLDBComboBox, TjexLDBCheckBox,
-    // TjexLDBRadioGroup, TjexLDBLookupList, TjexLDBLookupCombo, TjexLDBLookupListBox, TjexLDBLookupComboBox,
-    // TjexDBSubLabel.
+    ide::RegisterComponents(
+        "Jex DB Attached Label",
+        {TjexLDBText::StaticClass(), TjexLDBEdit::StaticClass(), TjexLDBAutoEdit::StaticClass(),
+         TjexLDBMemo::StaticClass(), TjexLDBImage::StaticClass(), TjexLDBListBox::StaticClass(),
+         TjexLDBComboBox::StaticClass(), TjexLDBCheckBox::StaticClass(), TjexLDBRadioGroup::StaticClass(),
+         TjexLDBLookupList::StaticClass(), TjexLDBLookupCombo::StaticClass(),
+         TjexLDBLookupListBox::StaticClass(), TjexLDBLookupComboBox::StaticClass()});
+
+    jexRegisterPropertiesInCategory(TjexDBSubLabel::StaticClass(),
+                                    {"CaptionAuto", "Enabled", "FocusControl", "Locked", "Visible"});
 }

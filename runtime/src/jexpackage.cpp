@@ -22,13 +22,24 @@ namespace {
 // A new unit of the library is added here, and it appears in the package information and the table.
 #define JEXC60_UNITS(X)                                                                                      \
     X(jexcommon)                                                                                             \
+    X(jexappexc)                                                                                             \
     X(jexbuttons)                                                                                            \
+    X(jexctrls)                                                                                              \
+    X(jexdbaccess)                                                                                           \
+    X(jexdbctrls)                                                                                            \
+    X(jexdbeffects)                                                                                          \
+    X(jexdbgrids)                                                                                            \
+    X(jexdblabeled)                                                                                          \
+    X(jexdbtree)                                                                                             \
     X(jexdialogs)                                                                                            \
     X(jexdock)                                                                                               \
+    X(jexeffects)                                                                                            \
+    X(jexlabeled)                                                                                            \
     X(jexlabels)                                                                                             \
+    X(jexlists)                                                                                              \
     X(jexnav)                                                                                                \
-    X(jexsplit)                                                                                              \
-    X(jexlabeled) X(jexdbctrls) X(jexdbgrids) X(jexdbtree) X(jexdblabeled) X(jexappexc) X(jexdbaccess)
+    X(jexshape)                                                                                              \
+    X(jexsplit)
 
 // A unit's start runs only on the first pass (the count goes below zero), its stop only when the count
 // returns to zero. The library's units have no start or stop work of their own: registering classes is
