@@ -538,10 +538,6 @@ void TjexCustomDBCheckBox::UserCheck(bool v) {
     FBinding.Modified();
 }
 
-void TjexCustomDBCheckBox::Click() {
-    TCustomCheckBox::Click();
-}
-
 void TjexCustomDBCheckBox::DoExit() {
     FBinding.UpdateRecord();
     TCustomCheckBox::DoExit();

@@ -277,19 +277,11 @@ db::TField* TjexCustomDBGrid::ColumnField(int Index) const {
 
 std::string TjexCustomDBGrid::ColumnTitle(int Index) const {
     if (Index < 0 || Index >= ColumnCount()) return {};
-    if (FColumns->Count() > 0) {
-        int k = 0;
-        for (int i = 0; i < FColumns->Count(); ++i) {
-            TjexDBGridColumn* c = FColumns->Items(i);
-            if (!c->Visible()) continue;
-            if (k++ == Index) {
-                if (!c->Title().empty()) return c->Title();
-                db::TField* f = FShownFields[static_cast<size_t>(Index)];
-                return f ? f->DisplayLabel() : c->FieldName();
-            }
-        }
-    }
     db::TField* f = FShownFields[static_cast<size_t>(Index)];
+    if (TjexDBGridColumn* c = FShownColumns[static_cast<size_t>(Index)]) {
+        if (!c->Title().empty()) return c->Title();
+        return f ? f->DisplayLabel() : c->FieldName();
+    }
     return f ? f->DisplayLabel() : std::string();
 }
 
@@ -298,25 +290,30 @@ int TjexCustomDBGrid::DataColOf(int ACol) const {
     return c >= 0 && c < ColumnCount() ? c : -1;
 }
 
-std::vector<db::TField*> TjexCustomDBGrid::ComputeFields() const {
-    std::vector<db::TField*> out;
+void TjexCustomDBGrid::ComputeFields() {
+    FShownFields.clear();
+    FShownColumns.clear();
     db::TDataSet* ds = FLink->DataSet();
-    if (!FLink->Active() || !ds) return out;
+    if (!FLink->Active() || !ds) return;
     if (FColumns->Count() > 0) {
         for (int i = 0; i < FColumns->Count(); ++i) {
             TjexDBGridColumn* c = FColumns->Items(i);
-            if (c->Visible()) out.push_back(c->FieldName().empty() ? nullptr : ds->FindField(c->FieldName()));
+            if (!c || !c->Visible()) continue;
+            FShownColumns.push_back(c);
+            FShownFields.push_back(c->FieldName().empty() ? nullptr : ds->FindField(c->FieldName()));
         }
-        return out;
+        return;
     }
     for (int i = 0; i < ds->FieldCount(); ++i)
-        if (ds->Fields()->Fields(i)->Visible()) out.push_back(ds->Fields()->Fields(i));
-    return out;
+        if (ds->Fields()->Fields(i)->Visible()) {
+            FShownColumns.push_back(nullptr);
+            FShownFields.push_back(ds->Fields()->Fields(i));
+        }
 }
 
 void TjexCustomDBGrid::LayoutChanged() {
     if (!FLink || !FLink->FGrid || IsLoading()) return;
-    FShownFields = ComputeFields();
+    ComputeFields();
     DataChanged();
 }
 
@@ -325,13 +322,14 @@ void TjexCustomDBGrid::DataChanged() {
     db::TDataSet* ds = FLink->DataSet();
     if (!FLink->Active() || !ds) {
         FShownFields.clear();
+        FShownColumns.clear();
         FRecords.Clear();
         FCurrentRow = -1;
         FInsertedRow = -1;
         ApplySize();
         return;
     }
-    if (FShownFields.empty() && ds->FieldCount() > 0) FShownFields = ComputeFields();
+    if (FShownFields.empty() && ds->FieldCount() > 0) ComputeFields();
     if (ds->State() == db::dsBrowse) {
         FLink->Reading = true;
         try {
@@ -400,14 +398,8 @@ void TjexCustomDBGrid::ApplySize() {
     SetFixedRows(std::min(TitleRows(), rows - 1));
     if (IndicatorCols()) SetColWidths(0, 12);
     for (int i = 0; i < ColumnCount(); ++i) {
-        int w = 0;
-        if (FColumns->Count() > 0) {
-            int k = 0;
-            for (int j = 0; j < FColumns->Count(); ++j) {
-                if (!FColumns->Items(j)->Visible()) continue;
-                if (k++ == i) w = FColumns->Items(j)->Width();
-            }
-        }
+        TjexDBGridColumn* c = FShownColumns[static_cast<size_t>(i)];
+        int w = c ? c->Width() : 0;
         if (w <= 0)
             w = FShownFields[static_cast<size_t>(i)] ? FieldPixelWidth(FShownFields[static_cast<size_t>(i)])
                                                      : FDefaultColWidth;
@@ -479,14 +471,8 @@ std::string TjexCustomDBGrid::GetEditText(int ACol, int ARow) {
 void TjexCustomDBGrid::SetEditText(int ACol, int ARow, const std::string& Value) {
     int c = DataColOf(ACol);
     db::TField* f = ColumnField(c);
-    bool columnReadOnly = false;
-    if (FColumns->Count() > 0) {
-        int k = 0;
-        for (int j = 0; j < FColumns->Count(); ++j) {
-            if (!FColumns->Items(j)->Visible()) continue;
-            if (k++ == c) columnReadOnly = FColumns->Items(j)->ReadOnly();
-        }
-    }
+    bool columnReadOnly =
+        c >= 0 && FShownColumns[static_cast<size_t>(c)] && FShownColumns[static_cast<size_t>(c)]->ReadOnly();
     if (!f || FReadOnly || columnReadOnly || !f->CanModify())
         throw EUserActionError(rtl::Format("Cell (%d, %d) of %s cannot be edited", {ACol, ARow, Name()}));
     db::TDataSet* ds = FLink->DataSet();

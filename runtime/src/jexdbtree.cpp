@@ -193,7 +193,8 @@ TjexDBTreeView::~TjexDBTreeView() {
 }
 
 db::TDataSource* TjexDBTreeView::DataSource() const {
-    return FLevels->Count() ? FLevels->Items(0)->DataSource() : nullptr;
+    TjexDBTreeLevel* l = FLevels->Count() ? FLevels->Items(0) : nullptr;
+    return l ? l->DataSource() : nullptr;
 }
 
 void TjexDBTreeView::SetDataSource(db::TDataSource* Value) {
@@ -205,7 +206,8 @@ void TjexDBTreeView::SetDataSource(db::TDataSource* Value) {
 }
 
 std::string TjexDBTreeView::DataField() const {
-    return FLevels->Count() ? FLevels->Items(0)->DataField() : std::string();
+    TjexDBTreeLevel* l = FLevels->Count() ? FLevels->Items(0) : nullptr;
+    return l ? l->DataField() : std::string();
 }
 
 void TjexDBTreeView::SetDataField(const std::string& Value) {
@@ -231,7 +233,7 @@ void TjexDBTreeView::LevelDataChanged() {
     // A record being edited or inserted shows after it is posted (or dropped): the data set reports
     // that change too, and meanwhile the tree keeps its nodes.
     for (int i = 0; i < FLevels->Count(); ++i)
-        if (db::TDataSet* ds = FLevels->Items(i)->DataSet();
+        if (db::TDataSet* ds = LevelDataSet(i);
             ds && (ds->State() == db::dsEdit || ds->State() == db::dsInsert))
             return;
     Reload();
@@ -240,6 +242,11 @@ void TjexDBTreeView::LevelDataChanged() {
 void TjexDBTreeView::Loaded() {
     TCustomTreeView::Loaded();
     Reload();
+}
+
+db::TDataSet* TjexDBTreeView::LevelDataSet(int Level) const {
+    TjexDBTreeLevel* l = Level >= 0 && Level < FLevels->Count() ? FLevels->Items(Level) : nullptr;
+    return l ? l->DataSet() : nullptr;
 }
 
 const TjexDBTreeView::TNodeInfo* TjexDBTreeView::Info(const TTreeNode* Node) const {
@@ -292,7 +299,7 @@ std::optional<int> ImageOf(db::TDataSet* ds, const std::string& name) {
 void TjexDBTreeView::LoadLevel(int Level, TTreeNode* Parent, std::vector<db::TDataSet*>& Path) {
     if (Level >= FLevels->Count()) return;
     TjexDBTreeLevel* lv = FLevels->Items(Level);
-    db::TDataSet* ds = lv->DataSet();
+    db::TDataSet* ds = lv ? lv->DataSet() : nullptr;
     if (!ds || !ds->Active() || ds->State() != db::dsBrowse) return;
     // A data set already walked above this level would move its own parent records.
     if (std::find(Path.begin(), Path.end(), ds) != Path.end()) return;
@@ -342,7 +349,7 @@ bool TjexDBTreeView::GotoNode(TTreeNode* Node) {
         for (TTreeNode* n : chain) {
             const TNodeInfo* info = Info(n);
             if (!info || info->Level >= FLevels->Count()) continue;
-            db::TDataSet* ds = FLevels->Items(info->Level)->DataSet();
+            db::TDataSet* ds = LevelDataSet(info->Level);
             if (!ds || !ds->Active() || !ds->BookmarkValid(info->Bookmark)) {
                 ok = false;
                 break;
@@ -360,7 +367,7 @@ bool TjexDBTreeView::GotoNode(TTreeNode* Node) {
 
 TTreeNode* TjexDBTreeView::FindCurrentNode(int Level) const {
     if (Level < 0 || Level >= FLevels->Count()) return nullptr;
-    db::TDataSet* ds = FLevels->Items(Level)->DataSet();
+    db::TDataSet* ds = LevelDataSet(Level);
     if (!ds || !ds->Active() || ds->IsEmpty()) return nullptr;
     db::TBookmark current = ds->GetBookmark();
     for (int i = 0; i < Items()->Count(); ++i) {
@@ -371,8 +378,7 @@ TTreeNode* TjexDBTreeView::FindCurrentNode(int Level) const {
         bool parentsCurrent = true;
         for (TTreeNode* p = node->Parent(); p && parentsCurrent; p = p->Parent()) {
             const TNodeInfo* pi = Info(p);
-            db::TDataSet* pds =
-                pi && pi->Level < FLevels->Count() ? FLevels->Items(pi->Level)->DataSet() : nullptr;
+            db::TDataSet* pds = pi ? LevelDataSet(pi->Level) : nullptr;
             parentsCurrent = pds && pds->Active() && pds->GetBookmark() == pi->Bookmark;
         }
         if (parentsCurrent) return node;
@@ -408,7 +414,7 @@ void TjexDBTreeView::Change(TTreeNode* Node) {
         // A node whose record is gone reloads the tree: the node no longer exists afterwards.
         if (FOptions.Contains(jdtSyncDataSets) && !GotoNode(Node)) Node = nullptr;
         if (Node && FSyncJEXNavPanel && level >= 0 && level < FLevels->Count())
-            SyncNavPanels(FLevels->Items(level)->DataSource());
+            if (TjexDBTreeLevel* l = FLevels->Items(level)) SyncNavPanels(l->DataSource());
     }
     TCustomTreeView::Change(Node);
 }

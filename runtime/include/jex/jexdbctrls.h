@@ -259,7 +259,6 @@ class TjexCustomDBCheckBox : public vcl::TCustomCheckBox {
     void SetValueUnchecked(const std::string& Value);
     void UserClick() override;
     void UserCheck(bool v) override;
-    void Click() override;
     void DoExit() override;
 
 protected:

@@ -58,8 +58,10 @@ class TjexDBGridColumns : public rtl::TOwnedCollection {
     JEX_CLASS(TjexDBGridColumns, rtl::TOwnedCollection)
     explicit TjexDBGridColumns(TjexCustomDBGrid* Grid);
     TjexDBGridColumn* Add() { return static_cast<TjexDBGridColumn*>(rtl::TCollection::Add()); }
+    // The column at Index; nil while that item is still being constructed (it announces itself to the
+    // collection from its base's constructor).
     TjexDBGridColumn* Items(int Index) const {
-        return static_cast<TjexDBGridColumn*>(rtl::TCollection::Items(Index));
+        return dynamic_cast<TjexDBGridColumn*>(rtl::TCollection::Items(Index));
     }
     // Adds a column for every field of the grid's data set (the persistent columns a designer starts from).
     void RebuildColumns();
@@ -159,13 +161,15 @@ private:
     void RecordChanged();
     void ApplySize();
     void SyncCurrent();
-    std::vector<db::TField*> ComputeFields() const;
+    // The visible columns (nil entries without persistent columns) and their fields, in order.
+    void ComputeFields();
     std::string IndicatorText(int Row) const;
     std::unique_ptr<TGridLink> FLink;
     std::unique_ptr<TjexDBGridColumns> FColumns;
     std::unique_ptr<vcl::TFont> FTitleFont;
     TjexDBGridOptions FDBOptions = jexDefaultDBGridOptions;
     std::vector<db::TField*> FShownFields;
+    std::vector<TjexDBGridColumn*> FShownColumns;
     TjexGridRecords FRecords;
     int FCurrentRow = -1;  // record row of the data set's current record
     int FInsertedRow = -1; // the record row added for an inserted record

@@ -60,9 +60,11 @@ class TjexDBTreeLevel : public TjexDBTreeLevelData, public rtl::TCollectionItem 
 class TjexDBTreeLevels : public rtl::TOwnedCollection {
     JEX_CLASS(TjexDBTreeLevels, rtl::TOwnedCollection)
     explicit TjexDBTreeLevels(TjexDBTreeView* TreeView);
-    TjexDBTreeLevel* Add() { return static_cast<TjexDBTreeLevel*>(rtl::TCollection::Add()); }
+    TjexDBTreeLevel* Add() { return dynamic_cast<TjexDBTreeLevel*>(rtl::TCollection::Add()); }
+    // The level at Index; nil while that item is still being constructed (it announces itself to the
+    // collection from its base's constructor).
     TjexDBTreeLevel* Items(int Index) const {
-        return static_cast<TjexDBTreeLevel*>(rtl::TCollection::Items(Index));
+        return dynamic_cast<TjexDBTreeLevel*>(rtl::TCollection::Items(Index));
     }
     TjexDBTreeView* TreeView() const { return FTreeView; }
     void Update(rtl::TCollectionItem* Item) override;
@@ -124,6 +126,8 @@ private:
         db::TBookmark Bookmark;
     };
     const TNodeInfo* Info(const vcl::TTreeNode* Node) const;
+    // The data set of a level (nil for a level without one, or still being made).
+    db::TDataSet* LevelDataSet(int Level) const;
     void LoadLevel(int Level, vcl::TTreeNode* Parent, std::vector<db::TDataSet*>& Path);
     void SyncNavPanels(db::TDataSource* Source);
     std::unique_ptr<TjexDBTreeLevels> FLevels;
