@@ -8,6 +8,7 @@
 #include "jex/jexcommon.h"
 #include "jex/jexdock.h"
 #include "rtl/streaming.h"
+#include "vcl/extctrls.h"
 #include "vcl/forms.h"
 #include "vcl/imglist.h"
 #include "vcl/menus.h"
@@ -223,7 +224,7 @@ protected:
     void SetUp() override {
         for (rtl::TClass c : LibraryClasses())
             rtl::RegisterClass(c);
-        rtl::RegisterClasses({vcl::TForm::StaticClass(), vcl::TImageList::StaticClass(),
+        rtl::RegisterClasses({vcl::TForm::StaticClass(), vcl::TImageList::StaticClass(), vcl::TPage::StaticClass(),
                               vcl::TPopupMenu::StaticClass(), vcl::TMainMenu::StaticClass(),
                               vcl::TMenuItem::StaticClass(), vcl::TEdit::StaticClass(),
                               TTestSoundList::StaticClass()});
@@ -234,7 +235,7 @@ protected:
     void TearDown() override {
         for (rtl::TClass c : LibraryClasses())
             rtl::UnRegisterClass(c);
-        rtl::UnRegisterClasses({vcl::TForm::StaticClass(), vcl::TImageList::StaticClass(),
+        rtl::UnRegisterClasses({vcl::TForm::StaticClass(), vcl::TImageList::StaticClass(), vcl::TPage::StaticClass(),
                                 vcl::TPopupMenu::StaticClass(), vcl::TMainMenu::StaticClass(),
                                 vcl::TMenuItem::StaticClass(), vcl::TEdit::StaticClass(),
                                 TTestSoundList::StaticClass()});
