@@ -4,6 +4,7 @@
 #include "dcljexc/jexdsncn.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "dcljexc/units.h"
 #include "rtl/lists.h"
@@ -493,16 +494,17 @@ JEX_RESOURCESTRING_ID(
     "file and can confirm and terminate the application.");
 JEX_RESOURCESTRING_ID(
     _sjexdsncnTjexDSAppExceptionDesc, 64991,
-    "is an application exception handler that shows exception messages in its own dialog, logs them to a "
-    "dataset and can confirm and terminate the application.");
+    "is an application exception handler that also catches the errors of its form's datasets (post, edit, "
+    "delete), shows them in its own dialog, logs them to a file and can confirm and terminate the "
+    "application.");
 JEX_RESOURCESTRING_ID(
     _sjexdsncnTjexDBHintManagerDesc, 64990,
     "is a component that reads the hints of a form's controls from a database table, keyed by form and "
     "control name, with the hint colour and pause times.");
 JEX_RESOURCESTRING_ID(
     _sjexdsncnTjexDBHelpManagerDesc, 64989,
-    "is a component that reads help text for a form's controls from a database table, keyed by form and "
-    "control name, and shows it through a template.");
+    "is a component that takes the help of a form's controls from a database table, keyed by form and "
+    "control name: a help context number, or a topic shown as a help keyword through a template.");
 JEX_RESOURCESTRING_ID(
     _sjexdsncnTjexAnimationFrameDesc, 64988,
     "is a page frame that changes pages with animation, with the number of animation steps and their "
@@ -642,7 +644,7 @@ JEX_RESOURCESTRING_ID(
 JEX_RESOURCESTRING_ID(
     _sjexdsncnTjexShapeDesc, 64952,
     "is a 3D shape (rectangle, rounded rectangle, ellipse ...) drawn raised or lowered with highlight and "
-    "shadow colours.");
+    "shadow colours, showing its caption centred and aligned vertically.");
 JEX_RESOURCESTRING_ID(
     _sjexdsncnTjexFrameDesc, 64951,
     "is a 3D frame drawn with highlight and shadow colours and rounded corners of the width you choose.");
@@ -664,8 +666,8 @@ JEX_RESOURCESTRING_ID(
     "a form use little memory.");
 JEX_RESOURCESTRING_ID(
     _sjexdsncnTjexLRListBoxDesc, 64946,
-    "is a low resource list box that keeps its items outside the window, so that many of them on a form "
-    "use little memory.");
+    "is a low resource list box that keeps its lines in one string list and shows only those in view, so "
+    "that many of them on a form use little memory.");
 JEX_RESOURCESTRING_ID(
     _sjexdsncnTjexROMemoDesc, 64945,
     "is a read-only memo for showing text or logs, with a limit on the number of lines kept and printing "
@@ -1319,3 +1321,21 @@ void Stop() {
 } // namespace Jexdsncn
 
 } // namespace dcljexc
+
+// The description as the design host asks for it without linking the package: at most BufferSize - 1 bytes
+// and a NUL go into Buffer, and the result is the description's full length (0 for an unknown class).
+extern "C" __attribute__((visibility("default"))) size_t
+JexComponentDescription(const char* ClassName, char* Buffer, size_t BufferSize) {
+    std::string description;
+    try {
+        description = dcljexc::jexIDEComponentDescription(ClassName ? ClassName : "");
+    } catch (...) {
+        description.clear();
+    }
+    if (Buffer && BufferSize > 0) {
+        const size_t n = std::min(description.size(), BufferSize - 1);
+        std::memcpy(Buffer, description.data(), n);
+        Buffer[n] = '\0';
+    }
+    return description.size();
+}

@@ -190,3 +190,20 @@ TEST_F(Jexdsncn, ATranslatedStringTableChangesTheHintsWithoutARebuild) {
     dcljexc::Jexdsncn::Start();
     EXPECT_EQ(jexIDEComponentDescription("TjexDock"), std::string("TjexDock ") + DockDescription);
 }
+
+extern "C" size_t JexComponentDescription(const char* ClassName, char* Buffer, size_t BufferSize);
+
+TEST_F(Jexdsncn, TheHostReadsDescriptionsThroughTheExportedRoutine) {
+    const std::string full = jexIDEComponentDescription("TjexDock");
+    EXPECT_EQ(JexComponentDescription("TjexDock", nullptr, 0), full.size());
+    std::vector<char> buffer(full.size() + 1, 'x');
+    EXPECT_EQ(JexComponentDescription("TjexDock", buffer.data(), buffer.size()), full.size());
+    EXPECT_EQ(std::string(buffer.data()), full);
+    char small[9];
+    EXPECT_EQ(JexComponentDescription("TjexDock", small, sizeof small), full.size());
+    EXPECT_EQ(std::string(small), "TjexDock") << "cut to the buffer, NUL included";
+    char empty[4] = "abc";
+    EXPECT_EQ(JexComponentDescription("tjexdock", empty, sizeof empty), 0u);
+    EXPECT_EQ(std::string(empty), "");
+    EXPECT_EQ(JexComponentDescription(nullptr, nullptr, 0), 0u);
+}
