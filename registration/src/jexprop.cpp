@@ -1,5 +1,6 @@
 // Jexprop: tells the run-time library that it lives inside the designer, and registers the Help-menu
 // expert that browses the library's components.
+#include "dcljexc/jexphint.h"
 #include "dcljexc/units.h"
 #include "jex/jexcommon.h"
 
@@ -22,7 +23,5 @@ void Stop() {
 } // namespace dcljexc::Jexprop
 
 JEX_PACKAGE_REGISTER(jexprop) {
-    // The Browse Components expert (TjexBrowseCompsExpert) is created here and handed to
-    // ide::RegisterLibraryExpert; it comes with the Help-menu expert and is the only registration of this
-    // unit.
+    ide::RegisterLibraryExpert(new dcljexc::TjexBrowseCompsExpert);
 }
