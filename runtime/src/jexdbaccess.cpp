@@ -19,17 +19,18 @@ using namespace vcl;
 // ---------------------------------------------------------------------------------------
 std::string jexControlKey(const TControl* Control, bool FirstParentForm) {
     if (!Control || Control->Name().empty()) return {};
-    TCustomForm* form = GetParentForm(Control);
-    if (!FirstParentForm) {
-        // Forms shown inside other forms (docked, embedded): the outermost one names the key.
-        while (form && form->Parent())
-            if (TCustomForm* outer = GetParentForm(form->Parent()))
-                form = outer;
-            else
-                break;
+    // The nearest form up the parents, or the outermost one (forms shown inside other forms).
+    const TCustomForm* form = nullptr;
+    for (const TControl* c = Control->Parent(); c; c = c->Parent())
+        if (auto* f = dynamic_cast<const TCustomForm*>(c)) {
+            form = f;
+            if (FirstParentForm) break;
+        }
+    if (!form) {
+        if (auto* self = dynamic_cast<const TCustomForm*>(Control)) return self->Name();
+        return "." + Control->Name();
     }
-    if (form == Control) return Control->Name();
-    return (form ? form->Name() : std::string()) + "." + Control->Name();
+    return form->Name() + "." + Control->Name();
 }
 
 std::optional<std::string> jexLookupKeyText(db::TDataSet* Table, const std::string& Key) {

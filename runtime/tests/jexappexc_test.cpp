@@ -5,6 +5,7 @@
 #include "jex/jexappexc.h"
 
 #include "jexdbfixture.h"
+#include "rtl/streaming.h"
 
 using namespace jex;
 using namespace vcl;
@@ -215,6 +216,54 @@ TEST_F(AppExcTest, DataSetErrorsAreHandledOnceAndTheOperationAbandoned) {
     People->FieldByName("ID")->SetAsInteger(1);
     EXPECT_THROW(People->Post(), db::EDatabaseError);
     People->Cancel();
+}
+
+TEST_F(AppExcTest, TableTypesTheDatabaseCannotHoldAreReportedWithTheMessage) {
+    MakeExceptionTables();
+    auto* handler = new TjexDBAppException(Form);
+    handler->SetDatabaseName("CTRLDB");
+    handler->SetLogTableName("ERRLOG");
+    handler->SetMsgTableName("ERRMSG");
+    handler->SetTableType(jatParadox);
+    handler->SetExcepMsg("Fallback: %s");
+    TjexExceptionRule r = handler->HandleException(Form, rtl::EConvertError("x"));
+    // The message table cannot be read as a Paradox table here: the component's own message shows.
+    EXPECT_EQ(r.MsgType, mtError);
+    EXPECT_EQ(handler->LastMessage().rfind("Fallback: x", 0), 0u);
+    EXPECT_NE(handler->LastMessage().find("could not be read"), std::string::npos);
+    EXPECT_EQ(Stored("SELECT COUNT(*) FROM ERRLOG"), "0");
+}
+
+TEST_F(AppExcTest, DataSetHandlerHooksTheFormsDataSetsWhenTheFormLoads) {
+    MakePeople();
+    rtl::RegisterClasses({TForm::StaticClass(), db::TTable::StaticClass(), db::TDataSource::StaticClass(),
+                          TjexDSAppException::StaticClass()});
+    auto* handler = new TjexDSAppException(Form);
+    handler->SetName("excData");
+    handler->ExcepLog()->SetFileName(Dir + "/data.log");
+    std::string text = rtl::WriteComponentText(Form);
+    EXPECT_NE(text.find("ExcepLog.FileName"), std::string::npos);
+    handler->Free();
+    People->Close();
+    rtl::TComponent* copy = rtl::ReadComponentText(text, nullptr);
+    auto* h2 = dynamic_cast<TjexDSAppException*>(copy->FindComponent("excData"));
+    ASSERT_NE(h2, nullptr);
+    EXPECT_EQ(h2->HookedCount(), 1);
+    EXPECT_TRUE(h2->Handling());
+    auto* t2 = dynamic_cast<db::TTable*>(copy->FindComponent("tblPeople"));
+    t2->Open();
+    t2->Append();
+    t2->FieldByName("ID")->SetAsInteger(2);
+    EXPECT_THROW(t2->Post(), rtl::EAbort);
+    t2->Cancel();
+    ASSERT_EQ(TjexExcepLog::ReadLog(Dir + "/data.log").size(), 1u);
+    EXPECT_EQ(TjexExcepLog::ReadLog(Dir + "/data.log")[0].SndrName, "tblPeople");
+    // Freeing the data set first leaves nothing behind to unhook.
+    t2->Free();
+    EXPECT_EQ(h2->HookedCount(), 0);
+    copy->Free();
+    rtl::UnRegisterClasses({TForm::StaticClass(), db::TTable::StaticClass(), db::TDataSource::StaticClass(),
+                            TjexDSAppException::StaticClass()});
 }
 
 } // namespace

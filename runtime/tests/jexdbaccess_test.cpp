@@ -226,6 +226,23 @@ TEST_F(DBAccessTest, IdleTimeFlushesConnectedSQLiteDatabasesOutsideTransactions)
     EXPECT_EQ(idle->DoIdle(), 0);
 }
 
+TEST_F(DBAccessTest, KeysCanNameTheOutermostFormOfAnEmbeddedOne) {
+    auto* inner = new TForm(Form);
+    inner->SetName("InnerForm");
+    inner->SetParent(Panel);
+    auto* field = new TEdit(inner);
+    field->SetName("edtCity");
+    field->SetParent(inner);
+    EXPECT_EQ(jexControlKey(field, true), "InnerForm.edtCity");
+    EXPECT_EQ(jexControlKey(field, false), "Form1.edtCity");
+    Topics->AppendRecord({"Form1.edtCity", "City, from the outer form"});
+    auto* hints = new TjexDBHintManager(Form);
+    hints->SetHintTable(Topics);
+    EXPECT_EQ(hints->HintFor(field), std::nullopt);
+    hints->SetKeyFirstParentForm(false);
+    EXPECT_EQ(hints->HintFor(field), std::optional<std::string>("City, from the outer form"));
+}
+
 } // namespace
 
 #endif // JEX_HAVE_DB

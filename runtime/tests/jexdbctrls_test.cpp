@@ -5,6 +5,7 @@
 #include "jex/jexdbctrls.h"
 
 #include "jexdbfixture.h"
+#include "rtl/streaming.h"
 
 using namespace jex;
 using namespace vcl;
@@ -514,6 +515,141 @@ TEST_F(DBCtrlsTest, RichEditLoadsFilesTemplatesAndTheLargerEditor) {
     EXPECT_TRUE(rich->ExecuteEditor());
     People->Post();
     EXPECT_EQ(Stored("SELECT NOTES FROM PEOPLE WHERE ID = 2"), "edited in the editor");
+}
+
+TEST_F(DBCtrlsTest, TextAndMemoShowTheFieldAndMemoLoadsOnRequest) {
+    auto* text = Add<TjexCustomDBText>("txtSalary", "SALARY");
+    EXPECT_EQ(text->Caption(), People->FieldByName("SALARY")->DisplayText());
+    text->SetText("ignored");
+    EXPECT_EQ(text->Caption(), People->FieldByName("SALARY")->DisplayText());
+    People->Edit();
+    People->FieldByName("NOTES")->SetAsString("long notes");
+    People->Post();
+
+    auto* memo = Add<TjexCustomDBMemo>("memNotes", "NOTES");
+    EXPECT_EQ(memo->Text(), "long notes");
+    memo->SetAutoDisplay(false);
+    People->Next();
+    People->Prior();
+    EXPECT_EQ(memo->Text(), "(NOTES)");
+    memo->UserDblClick();
+    EXPECT_EQ(memo->Text(), "long notes");
+    memo->UserType("changed notes");
+    memo->DoExit();
+    People->Post();
+    EXPECT_EQ(Stored("SELECT NOTES FROM PEOPLE WHERE ID = 1"), "changed notes");
+}
+
+TEST_F(DBCtrlsTest, PopupEditorEditsPicturesOfBlobFields) {
+    std::string file = Dir + "/photo.bmp";
+    std::vector<uint8_t> bytes = BitmapBytes(6, 3);
+    rtl::WriteFileBytes(file, std::string(bytes.begin(), bytes.end()));
+    auto* edit = Add<TjexDBAutoEdit>("edtPhoto", "PHOTO");
+    edit->SetPopupEditBlobAs(jpbGraphic);
+    EXPECT_EQ(edit->Text(), "");
+    UI->AnswerOpen(file);
+    UI->OnForm("TjexDBPopupEditForm", [](TFormDriver& f) {
+        f.Click("btnLoad");
+        EXPECT_EQ(f.Describe().Find("imgEdit")->PictureWidth.value_or(0), 6);
+        f.Click("btnOK");
+    });
+    EXPECT_TRUE(edit->PopupEdit());
+    People->Post();
+    EXPECT_EQ(edit->Text(), "(Blob)");
+    std::string stored = People->FieldByName("PHOTO")->AsString();
+    TBitmap back;
+    back.LoadFromBytes(std::vector<uint8_t>(stored.begin(), stored.end()));
+    EXPECT_EQ(back.Width(), 6);
+
+    // A read-only field shows but takes nothing back.
+    People->FieldByName("PHOTO")->SetReadOnly(true);
+    UI->OnForm("TjexDBPopupEditForm", [](TFormDriver& f) { f.Click("btnOK"); });
+    EXPECT_FALSE(edit->PopupEdit());
+    EXPECT_EQ(People->State(), db::dsBrowse);
+}
+
+TEST_F(DBCtrlsTest, IndexComboOnATableWithoutIndexesAddsNothing) {
+    db::TTable plain(Form);
+    plain.SetDatabaseName("CTRLDB");
+    plain.SetTableName("PLAIN");
+    plain.FieldDefs()->Add("X", db::ftInteger);
+    plain.CreateTable();
+    db::TDataSource src(Form);
+    src.SetDataSet(&plain);
+    auto* combo = Add<TjexDBIndexCombo>("cboIndex");
+    combo->SetDataSource(&src);
+    EXPECT_EQ(combo->LoadItemsFromDataSet(), 0);
+    EXPECT_EQ(combo->Items()->Count(), 0);
+    combo->SetDataSource(nullptr);
+    EXPECT_EQ(combo->Table(), nullptr);
+    EXPECT_EQ(combo->LoadItemsFromDataSet(), 0);
+}
+
+TEST_F(DBCtrlsTest, ControlsForgetADataSourceThatIsFreed) {
+    auto* edit = Add<TjexDBAutoEdit>("edtName", "NAME");
+    auto* count = Add<TjexDBRecordCount>("lblCount");
+    count->SetDataSource(PeopleSource);
+    auto* filter = new TjexDBFilter(Form);
+    filter->SetDataSource(PeopleSource);
+    auto* win = Add<TjexDBEditWin>("ewPeople");
+    win->SetDataSource(PeopleSource);
+    ASSERT_EQ(win->FieldCount(), 10);
+    PeopleSource->Free();
+    PeopleSource = nullptr;
+    EXPECT_EQ(edit->DataSource(), nullptr);
+    EXPECT_EQ(edit->Field(), nullptr);
+    EXPECT_EQ(count->DataSource(), nullptr);
+    EXPECT_EQ(filter->DataSource(), nullptr);
+    EXPECT_EQ(win->DataSource(), nullptr);
+    EXPECT_EQ(win->FieldCount(), 0);
+    EXPECT_THROW(filter->Apply(), db::EDatabaseError);
+}
+
+TEST_F(DBCtrlsTest, FormFilesKeepTheBindingsAndTheControlsFollowAfterLoading) {
+    rtl::RegisterClasses({TForm::StaticClass(), TEdit::StaticClass(), TjexDBAutoEdit::StaticClass(),
+                          TjexDBState::StaticClass(), TjexDBFilter::StaticClass(),
+                          TjexDBEditWin::StaticClass(), db::TTable::StaticClass(),
+                          db::TDataSource::StaticClass()});
+    auto* edit = Add<TjexDBAutoEdit>("edtName", "NAME");
+    edit->SetPopupFormStyle(fsStayOnTop);
+    auto* state = Add<TjexDBState>("lblState");
+    state->SetDataSource(PeopleSource);
+    state->States()->Put(1, "Viewing");
+    auto* filter = new TjexDBFilter(Form);
+    filter->SetName("fltOld");
+    filter->SetDataSource(PeopleSource);
+    filter->SetFilter("AGE > 40");
+    filter->SetAutoActivate(true);
+    auto* win = Add<TjexDBEditWin>("ewPeople");
+    win->LabelCaptions()->SetText("NAME=Who");
+    win->SetDataSource(PeopleSource);
+    People->SetFiltered(false);
+    std::string text = rtl::WriteComponentText(Form);
+    EXPECT_NE(text.find("DataSource = dsPeople"), std::string::npos);
+    // The edit window's own edits are not form components.
+    EXPECT_EQ(text.find(": TjexDBAutoEdit"), text.rfind(": TjexDBAutoEdit"));
+
+    Form->Hide();
+    People->Close(); // the copy opens its own table
+    rtl::TComponent* copy = rtl::ReadComponentText(text, nullptr);
+    auto* table2 = dynamic_cast<db::TTable*>(copy->FindComponent("tblPeople"));
+    ASSERT_NE(table2, nullptr);
+    table2->Open();
+    auto* edit2 = dynamic_cast<TjexDBAutoEdit*>(copy->FindComponent("edtName"));
+    auto* state2 = dynamic_cast<TjexDBState*>(copy->FindComponent("lblState"));
+    auto* win2 = dynamic_cast<TjexDBEditWin*>(copy->FindComponent("ewPeople"));
+    ASSERT_TRUE(edit2 && state2 && win2);
+    EXPECT_EQ(edit2->PopupFormStyle(), fsStayOnTop);
+    EXPECT_EQ(state2->Caption(), "Viewing");
+    EXPECT_TRUE(table2->Filtered()); // AutoActivate applied the filter when the table opened
+    EXPECT_EQ(table2->RecordCount(), 2);
+    EXPECT_EQ(edit2->Text(), "Bob");
+    EXPECT_EQ(win2->FieldLabel(1)->Caption(), "Who");
+    copy->Free();
+    rtl::UnRegisterClasses({TForm::StaticClass(), TEdit::StaticClass(), TjexDBAutoEdit::StaticClass(),
+                            TjexDBState::StaticClass(), TjexDBFilter::StaticClass(),
+                            TjexDBEditWin::StaticClass(), db::TTable::StaticClass(),
+                            db::TDataSource::StaticClass()});
 }
 
 } // namespace

@@ -316,6 +316,29 @@ TEST_F(DBGridsTest, AggregatesStreamTheirDataSetSettingsAndOpenAfterLoading) {
                             db::TTable::StaticClass()});
 }
 
+TEST_F(DBGridsTest, QueryGridRunsAgainWithNewParameterValues) {
+    auto* qg = new TjexDBQueryGrid(Form);
+    qg->SetParent(Form);
+    qg->SetA1DatabaseName("CTRLDB");
+    qg->A2SQL()->SetText("SELECT NAME FROM PEOPLE WHERE DEPT = :D ORDER BY NAME");
+    qg->Params()->ParamByName("D")->SetAsInteger(2);
+    qg->SetA3Active(true);
+    EXPECT_EQ(qg->Grid()->RecordRows(), 2);
+    EXPECT_EQ(qg->Grid()->Cells(1, 1), "Bob");
+    qg->SetA3Active(false);
+    qg->Params()->ParamByName("D")->SetAsInteger(3);
+    qg->SetA3Active(true);
+    EXPECT_EQ(qg->Grid()->RecordRows(), 1);
+    EXPECT_EQ(qg->Grid()->Cells(1, 1), "Dan");
+    // The query's results cannot be edited through the grid.
+    EXPECT_THROW(qg->Grid()->SetEditText(1, 1, "x"), EUserActionError);
+    qg->SetA3Active(false);
+    qg->A2SQL()->SetText("SELECT * FROM NOSUCHTABLE");
+    EXPECT_THROW(qg->SetA3Active(true), db::EDatabaseError);
+    EXPECT_FALSE(qg->A3Active());
+    EXPECT_EQ(qg->Grid()->RecordRows(), 0);
+}
+
 TEST(DBGridsHelpers, TableTypeMasksListTheTypesFiles) {
     EXPECT_EQ(jexGetTableTypeMask(db::ttParadox), "*.db");
     EXPECT_EQ(jexGetTableTypeMask(db::ttDBase), "*.dbf");

@@ -157,6 +157,40 @@ TEST_F(LabeledTest, MaskEditTakesOnlyTextThatFitsItsMask) {
     EXPECT_FALSE(m->FitsMask("[123]"));
 }
 
+TEST_F(LabeledTest, EveryLabelledControlPublishesItsPlatformPropertiesAndItsLabel) {
+    for (rtl::TClass c : {TjexLEdit::StaticClass(), TjexLMaskEdit::StaticClass(),
+                          TjexLSpinEdit::StaticClass(), TjexLMemo::StaticClass(), TjexLListBox::StaticClass(),
+                          TjexLComboBox::StaticClass(), TjexLImage::StaticClass(), TjexLPanel::StaticClass(),
+                          TjexLScrollBox::StaticClass(), TjexLTreeView::StaticClass()}) {
+        const rtl::TPropInfo* label = c->FindProperty("Label");
+        ASSERT_NE(label, nullptr) << c->ClassName();
+        EXPECT_EQ(label->PropType->ClassType, TjexSubLabel::StaticClass());
+        EXPECT_EQ(c->FindProperty("Visible")->DeclaringClass == c, false) << c->ClassName();
+    }
+    EXPECT_NE(TjexLTreeView::StaticClass()->FindProperty("Items"), nullptr);
+    EXPECT_NE(TjexLSpinEdit::StaticClass()->FindProperty("MaxValue"), nullptr);
+    EXPECT_NE(TjexLMaskEdit::StaticClass()->FindProperty("EditMask"), nullptr);
+}
+
+TEST_F(LabeledTest, LabelledTreeKeepsItsNodesAndLabelThroughFormFiles) {
+    rtl::RegisterClasses({TForm::StaticClass(), TjexLEdit::StaticClass(), TjexLTreeView::StaticClass()});
+    auto* tree = new TjexLTreeView(Form);
+    tree->SetName("tvTopics");
+    tree->SetParent(Form);
+    tree->SubLabel()->SetCaption("Topics");
+    TTreeNode* root = tree->Items()->Add(nullptr, "Root");
+    tree->Items()->AddChild(root, "Leaf");
+    std::string text = rtl::WriteComponentText(Form);
+    rtl::TComponent* copy = rtl::ReadComponentText(text, nullptr);
+    auto* t2 = dynamic_cast<TjexLTreeView*>(copy->FindComponent("tvTopics"));
+    ASSERT_NE(t2, nullptr);
+    ASSERT_EQ(t2->Items()->Count(), 2);
+    EXPECT_EQ(t2->Items()->Item(1)->Text(), "Leaf");
+    EXPECT_EQ(t2->SubLabel()->Label()->Caption(), "Topics");
+    copy->Free();
+    rtl::UnRegisterClasses({TForm::StaticClass(), TjexLEdit::StaticClass(), TjexLTreeView::StaticClass()});
+}
+
 #ifdef JEX_HAVE_DB
 class DBLabeledTest : public jexdbtest::DBFixture {};
 
@@ -184,6 +218,29 @@ TEST_F(DBLabeledTest, DataLabelsShowTheFieldsDisplayLabel) {
     EXPECT_EQ(check->SubLabel()->Label()->Caption(), "ACTIVE");
     People->Close();
     EXPECT_EQ(check->SubLabel()->Label()->Caption(), "");
+}
+
+TEST_F(DBLabeledTest, LookupControlsPublishTheirOldAndNewNames) {
+    EXPECT_NE(TjexLDBLookupCombo::StaticClass()->FindProperty("LookupSource"), nullptr);
+    EXPECT_NE(TjexLDBLookupCombo::StaticClass()->FindProperty("LookupDisplay"), nullptr);
+    EXPECT_EQ(TjexLDBLookupCombo::StaticClass()->FindProperty("ListSource"), nullptr);
+    EXPECT_NE(TjexLDBLookupComboBox::StaticClass()->FindProperty("ListSource"), nullptr);
+    EXPECT_NE(TjexLDBLookupComboBox::StaticClass()->FindProperty("KeyField"), nullptr);
+    EXPECT_EQ(TjexLDBLookupComboBox::StaticClass()->FindProperty("Label")->PropType->ClassType,
+              TjexDBSubLabel::StaticClass());
+
+    MakeDepartments();
+    MakePeople();
+    auto* lookup = new TjexLDBLookupList(Form);
+    lookup->SetParent(Form);
+    rtl::SetObjectProp(lookup, "DataSource", PeopleSource);
+    rtl::SetStrProp(lookup, "DataField", "DEPT");
+    rtl::SetObjectProp(lookup, "LookupSource", DeptSource);
+    rtl::SetStrProp(lookup, "LookupField", "ID");
+    rtl::SetStrProp(lookup, "LookupDisplay", "NAME");
+    EXPECT_EQ(lookup->Items()->Count(), 3);
+    EXPECT_EQ(lookup->ItemIndex(), 0);
+    EXPECT_EQ(lookup->SubLabel()->Label()->Caption(), "DEPT");
 }
 #endif
 
