@@ -5,6 +5,8 @@
 #include "dcljexc/units.h"
 #include "ide/palette.h"
 #include "jex/jexeffects.h"
+#include "jex/jexpages.h"
+#include "jex/jexpanels.h"
 #include "jex/jexsplit.h"
 #include "vcl/controls.h"
 
@@ -14,31 +16,38 @@ using namespace jex;
 namespace dcljexc::Jexreg_e {
 namespace {
 ide::TUnitGuard Guard;
+
+std::vector<rtl::TClass> StreamedClasses() {
+    return {TjexPage::StaticClass(), TjexButtonPage::StaticClass()};
+}
 } // namespace
 
 void Start() {
     if (!Guard.Start()) return;
-    // ActivateClassGroup(TControl) and RegisterClasses of TjexPage, TjexButtonPage go here once jexc60 has
-    // them.
+    rtl::ActivateClassGroup(vcl::TControl::StaticClass());
+    rtl::RegisterClasses(StreamedClasses());
 }
 
 void Stop() {
     if (!Guard.Stop()) return;
-    // ...and their UnRegisterClasses here.
+    rtl::UnRegisterClasses(StreamedClasses());
 }
 } // namespace dcljexc::Jexreg_e
 
 JEX_PACKAGE_REGISTER(jexreg_e) {
-    // Rows of classes jexc60 does not have yet are added when it gets them: TjexFormTabControl,
-    // TjexAnimationFrame, TjexFormPanel, TjexButtonBar, TjexButtonList, TjexPictureGroup, TjexEdgePanel,
-    // TjexDragPanel, TjexSpeedPanel, TjexHintBar, TjexFormTabbedNoteBook, TjexFormNoteBook, TjexLRNoteBook,
-    // TjexLRTabbedNoteBook, TjexPage, TjexButtonPage.
-
-    ide::RegisterComponents("Jex Containers", {TjexMultiSplit::StaticClass(), TjexQuadSplit::StaticClass(),
-                                               TjexTriSplit::StaticClass(), TjexBiSplit::StaticClass(),
-                                               TjexSplitBar::StaticClass(), TjexSMultiSplit::StaticClass(),
-                                               TjexSQuadSplit::StaticClass(), TjexSTriSplit::StaticClass(),
-                                               TjexSBiSplit::StaticClass()});
+    ide::RegisterComponents("Jex Containers",
+                            {TjexFormTabControl::StaticClass(),  TjexAnimationFrame::StaticClass(),
+                             TjexFormPanel::StaticClass(),       TjexButtonBar::StaticClass(),
+                             TjexButtonList::StaticClass(),      TjexPictureGroup::StaticClass(),
+                             TjexMultiSplit::StaticClass(),      TjexQuadSplit::StaticClass(),
+                             TjexTriSplit::StaticClass(),        TjexBiSplit::StaticClass(),
+                             TjexSplitBar::StaticClass(),        TjexSMultiSplit::StaticClass(),
+                             TjexSQuadSplit::StaticClass(),      TjexSTriSplit::StaticClass(),
+                             TjexSBiSplit::StaticClass(),        TjexEdgePanel::StaticClass(),
+                             TjexDragPanel::StaticClass(),       TjexSpeedPanel::StaticClass(),
+                             TjexHintBar::StaticClass(),         TjexFormTabbedNoteBook::StaticClass(),
+                             TjexFormNoteBook::StaticClass(),    TjexLRNoteBook::StaticClass(),
+                             TjexLRTabbedNoteBook::StaticClass()});
     ide::RegisterNoIcon({TjexSplitPane::StaticClass(), TjexScrollingSplitPane::StaticClass()});
 
     // Property editor registrations of this unit come with the value-list editors and the page frame editors.
@@ -92,4 +101,35 @@ JEX_PACKAGE_REGISTER(jexreg_e) {
          "SplitHMax",    "SplitHMin",   "SplitHPercent", "SplitHPos",     "SplitHScaled", "SplitMoveStyle",
          "SplitVLock",   "SplitVMax",   "SplitVMin",     "SplitVPercent", "SplitVPos",    "SplitVScaled",
          "SyncHScroll",  "SyncVScroll", "Thickness"});
+    jexRegisterPropertiesInCategory(TjexHintBar::StaticClass(),
+                                    {"AutoHint", "HintPrefix", "HintSuffix", "Panels", "ShowActiveControl",
+                                     "ShowEmpty", "SimplePanel", "SimpleText", "SizeGrip", "UseSystemFont"});
+    jexRegisterPropertiesInCategory(TjexDragPanel::StaticClass(),
+                                    {"Locked", "MoveMaxLeft", "MoveMaxTop", "MoveMinLeft", "MoveMinTop",
+                                     "MSLocked", "Options", "SizeMaxHeight", "SizeMaxWidth", "SizeMinHeight",
+                                     "SizeMinWidth"});
+    jexRegisterPropertiesInCategory(TjexSpeedPanel::StaticClass(),
+                                    {"CtrlCols", "CtrlHeight", "CtrlRows", "CtrlWidth", "InsertCols",
+                                     "MarginCol", "MarginH", "MarginRow", "MarginV", "SizeVisibleOnly",
+                                     "Sorted"});
+    jexRegisterPropertiesInCategory(TjexFormPanel::StaticClass(),
+                                    {"AutoCreate", "AutoDestroy", "FormName", "HandleException"});
+    jexRegisterPropertiesInCategory(TjexAnimationFrame::StaticClass(),
+                                    {"Animation", "AnimationSteps", "AnimationTime", "CreatePagesOnLoad"});
+    jexRegisterPropertiesInCategory(TjexButtonBar::StaticClass(),
+                                    {"ActiveFontColor", "AnimationSteps", "AnimationTime", "ButtonAlign",
+                                     "ButtonCursor", "ButtonHeight", "ButtonHighlight", "ButtonStyle",
+                                     "Options"});
+    jexRegisterPropertiesInCategory(TjexButtonList::StaticClass(),
+                                    {"Background", "DragLineColor", "FrameBottomColor", "FrameTopColor",
+                                     "HighlightActive", "HighlightSelected", "Items", "LargeImages",
+                                     "Options", "SelectedIndex", "SmallImages", "SoundList", "ViewStyle"});
+    jexRegisterPropertiesInCategory(TjexPictureGroup::StaticClass(),
+                                    {"AlignPicture", "LineRaised", "MarginB", "MarginL", "MarginR", "MarginT",
+                                     "Offset", "Picture", "Transparent"});
+    jexRegisterPropertiesInCategory(
+        TjexFormNoteBook::StaticClass(),
+        {"ActiveForm", "ActivePage", "FormCreateDestroy", "Forms", "HandleException", "PageIndex", "Pages"});
+    jexRegisterPropertiesInCategory(TjexFormTabbedNoteBook::StaticClass(),
+                                    {"ActiveForm", "FormCreateDestroy", "Forms", "HandleException"});
 }

@@ -3,7 +3,9 @@
 #include "dcljexc/jexpropc.h"
 #include "dcljexc/units.h"
 #include "ide/palette.h"
+#include "ide/propedit.h"
 #include "jex/jexdialogs.h"
+#include "jex/jexfiledlg.h"
 
 using namespace dcljexc;
 using namespace jex;
@@ -12,13 +14,33 @@ DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_g)
 
 JEX_PACKAGE_REGISTER(jexreg_g) {
     // Rows of classes jexc60 does not have yet are added when it gets them: TjexBusy, TjexSplash,
-    // TjexWelcomeTips, TjexPageSetupDialog, TjexFileOpenEdit, TjexFileSaveEdit, TjexDirectoryEdit,
-    // TjexDirectoryDialog.
+    // TjexWelcomeTips.
 
-    ide::RegisterComponents("Jex Dialogs", {TjexMessageDlg::StaticClass(), TjexProgressDlg::StaticClass()});
+    ide::RegisterComponents("Jex Dialogs",
+                            {TjexMessageDlg::StaticClass(), TjexProgressDlg::StaticClass(),
+                             TjexPageSetupDialog::StaticClass(), TjexFileOpenEdit::StaticClass(),
+                             TjexFileSaveEdit::StaticClass(), TjexDirectoryEdit::StaticClass(),
+                             TjexDirectoryDialog::StaticClass()});
 
-    // Property editor registrations of this unit come with the file-name editors and the value-list editors.
+    // The other property editor registrations of this unit come with the file-name editors and the value-list
+    // editors.
+    ide::RegisterPropertyEditor(rtl::TypeInfo_String(), TjexOpenDialogWrapper::StaticClass(), "Filter",
+                                ide::TFilterProperty::StaticClass());
+    ide::RegisterPropertyEditor(rtl::TypeInfo_String(), TjexSaveDialogWrapper::StaticClass(), "Filter",
+                                ide::TFilterProperty::StaticClass());
 
     // Component editor registrations of this unit come with the file-name editors, the busy dialog editor,
     // the splash editor and the tips editor.
+
+    jexRegisterPropertiesInCategory(TjexPageSetupDialog::StaticClass(),
+                                    {"Margins", "MinMargins", "Options", "Units"});
+    jexRegisterPropertiesInCategory(TjexDirectoryDialog::StaticClass(),
+                                    {"DirButtonStyle", "DirDialogStyle", "Directory", "DirEditStyle",
+                                     "DirLabelStyle", "HistoryList", "Options", "Title"});
+    jexRegisterPropertiesInCategory(TjexFileOpenEdit::StaticClass(),
+                                    {"ButtonDisabled", "ButtonVisible", "ClickOnEnterKey", "OpenDialog"});
+    jexRegisterPropertiesInCategory(TjexFileSaveEdit::StaticClass(),
+                                    {"ButtonDisabled", "ButtonVisible", "ClickOnEnterKey", "SaveDialog"});
+    jexRegisterPropertiesInCategory(TjexDirectoryEdit::StaticClass(),
+                                    {"ButtonDisabled", "ButtonVisible", "ClickOnEnterKey", "DirDialog"});
 }

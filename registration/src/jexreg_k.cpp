@@ -3,8 +3,10 @@
 #include "dcljexc/jexpropc.h"
 #include "dcljexc/units.h"
 #include "ide/palette.h"
+#include "jex/jexfiledlg.h"
 
 using namespace dcljexc;
+using namespace jex;
 
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_k)
 

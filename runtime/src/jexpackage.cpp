@@ -34,10 +34,13 @@ namespace {
     X(jexdialogs)                                                                                            \
     X(jexdock)                                                                                               \
     X(jexeffects)                                                                                            \
+    X(jexfiledlg)                                                                                            \
     X(jexlabeled)                                                                                            \
     X(jexlabels)                                                                                             \
     X(jexlists)                                                                                              \
     X(jexnav)                                                                                                \
+    X(jexpages)                                                                                              \
+    X(jexpanels)                                                                                             \
     X(jexshape)                                                                                              \
     X(jexsplit)
 
