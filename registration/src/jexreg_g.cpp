@@ -6,6 +6,8 @@
 #include "ide/propedit.h"
 #include "jex/jexdialogs.h"
 #include "jex/jexfiledlg.h"
+#include "jex/jexsplash.h"
+#include "jex/jextips.h"
 
 using namespace dcljexc;
 using namespace jex;
@@ -13,14 +15,12 @@ using namespace jex;
 DCLJEXC_UNIT_WITHOUT_BODIES(Jexreg_g)
 
 JEX_PACKAGE_REGISTER(jexreg_g) {
-    // Rows of classes jexc60 does not have yet are added when it gets them: TjexBusy, TjexSplash,
-    // TjexWelcomeTips.
-
     ide::RegisterComponents("Jex Dialogs",
                             {TjexMessageDlg::StaticClass(), TjexProgressDlg::StaticClass(),
-                             TjexPageSetupDialog::StaticClass(), TjexFileOpenEdit::StaticClass(),
-                             TjexFileSaveEdit::StaticClass(), TjexDirectoryEdit::StaticClass(),
-                             TjexDirectoryDialog::StaticClass()});
+                             TjexBusy::StaticClass(), TjexSplash::StaticClass(),
+                             TjexWelcomeTips::StaticClass(), TjexPageSetupDialog::StaticClass(),
+                             TjexFileOpenEdit::StaticClass(), TjexFileSaveEdit::StaticClass(),
+                             TjexDirectoryEdit::StaticClass(), TjexDirectoryDialog::StaticClass()});
 
     // The other property editor registrations of this unit come with the file-name editors and the value-list
     // editors.
@@ -43,4 +43,17 @@ JEX_PACKAGE_REGISTER(jexreg_g) {
                                     {"ButtonDisabled", "ButtonVisible", "ClickOnEnterKey", "SaveDialog"});
     jexRegisterPropertiesInCategory(TjexDirectoryEdit::StaticClass(),
                                     {"ButtonDisabled", "ButtonVisible", "ClickOnEnterKey", "DirDialog"});
+    jexRegisterPropertiesInCategory(TjexSplash::StaticClass(),
+                                    {"AllowLocalBmp", "AutoShow", "Duration", "HideOnClick", "Picture",
+                                     "PictureVGA", "ShowModal", "StayOnTop"});
+    jexRegisterPropertiesInCategory(TjexWelcomeTips::StaticClass(),
+                                    {"AutoShow", "CaptionGreeting", "CaptionShowNext", "CaptionTip",
+                                     "HelpContents", "HelpWhatsNew", "IniFileName", "IniLocal",
+                                     "VisibleButtons"});
+    jexRegisterPropertiesInCategory(TjexBusy::StaticClass(),
+                                    {"AVIPosition",  "AVISource",   "AVITransparent", "DlgColor",
+                                     "DlgHeight",    "DlgLeft",     "DlgPosition",    "DlgTop",
+                                     "DlgWidth",     "Message1",    "Message1Font",   "Message2",
+                                     "Message2Font", "MinDuration", "Options",        "ProgressMax",
+                                     "ProgressMin",  "ProgressPos", "ProgressStep",   "Sound"});
 }

@@ -42,7 +42,11 @@ namespace {
     X(jexpages)                                                                                              \
     X(jexpanels)                                                                                             \
     X(jexshape)                                                                                              \
-    X(jexsplit)
+    X(jexsplash)                                                                                             \
+    X(jexsplit)                                                                                              \
+    X(jexspr)                                                                                                \
+    X(jextips)                                                                                               \
+    X(jexwave)
 
 // A unit's start runs only on the first pass (the count goes below zero), its stop only when the count
 // returns to zero. The library's units have no start or stop work of their own: registering classes is
