@@ -81,11 +81,17 @@ JEXC60_UNIT_PROCS(jexdbctrls)
 JEXC60_UNIT_PROCS(jexdblabeled)
 JEXC60_UNIT_PROCS(jexdialogs)
 JEXC60_UNIT_PROCS(jexdock)
+JEXC60_UNIT_PROCS(jexfiledlg)
 JEXC60_UNIT_PROCS(jexlabeled)
 JEXC60_UNIT_PROCS(jexlabels)
 JEXC60_UNIT_PROCS(jexnav)
+JEXC60_UNIT_PROCS(jexpages)
 JEXC60_UNIT_PROCS(jexshape)
+JEXC60_UNIT_PROCS(jexsplash)
 JEXC60_UNIT_PROCS(jexsplit)
+JEXC60_UNIT_PROCS(jexspr)
+JEXC60_UNIT_PROCS(jextips)
+JEXC60_UNIT_PROCS(jexwave)
 #undef JEXC60_UNIT_PROCS
 
 namespace dcljexc {
@@ -132,14 +138,14 @@ const ide::TPackageUnitEntry UnitTable[] = {
     JEXC60(jexnav), OWN(Jexdfnpb),
     // Jexdfwav
     USES(rtl60, Windows), USES(rtl60, Messages), USES(rtl60, MMSystem), USES(rtl60, Classes),
-    USES(vcl60, Forms), USES(vcl60, Dialogs), USES(vcl60, StdCtrls), USES(vcl60, Buttons), JEXC60(jexcommon),
+    USES(vcl60, Forms), USES(vcl60, Dialogs), USES(vcl60, StdCtrls), USES(vcl60, Buttons), JEXC60(jexwave),
     OWN(Jexdfwav),
     // Jexdfwvl
     USES(rtl60, Windows), USES(rtl60, Messages), USES(rtl60, Classes), USES(vcl60, Forms),
-    USES(vcl60, Dialogs), USES(vcl60, StdCtrls), USES(vcl60, Buttons), JEXC60(jexcommon), OWN(Jexdfwvl),
+    USES(vcl60, Dialogs), USES(vcl60, StdCtrls), USES(vcl60, Buttons), JEXC60(jexwave), OWN(Jexdfwvl),
     // Jexdfmm
     USES(rtl60, Windows), USES(rtl60, Messages), USES(rtl60, MMSystem), USES(rtl60, Classes),
-    USES(vcl60, Forms), USES(vcl60, Dialogs), USES(vcl60, StdCtrls), USES(vcl60, Buttons), JEXC60(jexcommon),
+    USES(vcl60, Forms), USES(vcl60, Dialogs), USES(vcl60, StdCtrls), USES(vcl60, Buttons), JEXC60(jexwave),
     OWN(Jexdfmm),
     // Jexdflin
     USES(rtl60, Windows), USES(rtl60, Messages), USES(rtl60, SysUtils), USES(rtl60, Classes),
@@ -198,16 +204,16 @@ const ide::TPackageUnitEntry UnitTable[] = {
     // Jexpfx
     USES(designide60, DesignEditors), OWN(Jexpfx),
     // Jexpspla
-    USES(designide60, DesignEditors), JEXC60(jexcommon), OWN(Jexpspla),
+    USES(designide60, DesignEditors), JEXC60(jexsplash), OWN(Jexpspla),
     // Jexptips
-    USES(rtl60, SysUtils), USES(rtl60, IniFiles), USES(designide60, DesignEditors), OWN(Jexptips),
+    USES(rtl60, IniFiles), USES(designide60, DesignEditors), JEXC60(jextips), OWN(Jexptips),
     // Jexpvers
     USES(rtl60, SysUtils), USES(rtl60, Classes), USES(rtl60, TypInfo), USES(designide60, DesignEditors),
     JEXC60(jexlabels), OWN(Jexpvers),
     // Jexpbar
-    USES(vcl60, Controls), USES(designide60, DesignIntf), USES(designide60, DesignEditors), OWN(Jexpbar),
+    USES(designide60, DesignIntf), USES(designide60, DesignEditors), JEXC60(jexpages), OWN(Jexpbar),
     // Jexpanfr
-    USES(vcl60, Controls), USES(designide60, DesignIntf), USES(designide60, DesignEditors), OWN(Jexpanfr),
+    USES(designide60, DesignIntf), USES(designide60, DesignEditors), JEXC60(jexpages), OWN(Jexpanfr),
     // Jexprch
     USES(vcl60, ComCtrls), USES(designide60, DesignEditors), OWN(Jexprch),
     // Jexpbusy
@@ -238,17 +244,17 @@ const ide::TPackageUnitEntry UnitTable[] = {
     // Jexreg_f
     USES(designide60, DesignIntf), JEXC60(jexshape), OWN(Jexreg_f),
     // Jexreg_g
-    USES(rtl60, Classes), USES(designide60, DesignIntf), JEXC60(jexdialogs), OWN(Jexreg_g),
+    USES(designide60, DesignIntf), JEXC60(jexdialogs), JEXC60(jexfiledlg), OWN(Jexreg_g),
     // Jexpfxr
     USES(designide60, DesignEditors), OWN(Jexpfxr),
     // Jexpspr
-    USES(rtl60, SysUtils), USES(rtl60, Classes), USES(vcl60, Graphics), USES(vcl60, Forms),
-    USES(designide60, DesignWindows), OWN(Jexpspr),
+    USES(rtl60, Classes), USES(vcl60, Graphics), USES(vcl60, Forms), USES(designide60, DesignWindows),
+    JEXC60(jexspr), OWN(Jexpspr),
     // Jexppts
-    USES(rtl60, SysUtils), USES(rtl60, Classes), USES(vcl60, Forms), USES(vcl60, Dialogs),
-    USES(vcl60, StdCtrls), USES(designide60, DesignEditors), OWN(Jexppts),
+    USES(rtl60, Classes), USES(vcl60, Forms), USES(vcl60, Dialogs), USES(vcl60, StdCtrls),
+    USES(designide60, DesignEditors), JEXC60(jexspr), OWN(Jexppts),
     // Jexreg_h
-    USES(rtl60, Classes), USES(designide60, DesignIntf), OWN(Jexreg_h),
+    USES(designide60, DesignIntf), JEXC60(jexwave), OWN(Jexreg_h),
     // Jexreg_i
     USES(rtl60, Classes), USES(designide60, DesignIntf), JEXC60(jexbuttons), OWN(Jexreg_i),
     // Jexreg_j
