@@ -91,6 +91,7 @@ JEXC60_UNIT_PROCS(jexsplash)
 JEXC60_UNIT_PROCS(jexsplit)
 JEXC60_UNIT_PROCS(jexspr)
 JEXC60_UNIT_PROCS(jextips)
+JEXC60_UNIT_PROCS(jexutils)
 JEXC60_UNIT_PROCS(jexwave)
 #undef JEXC60_UNIT_PROCS
 
@@ -260,7 +261,7 @@ const ide::TPackageUnitEntry UnitTable[] = {
     // Jexreg_j
     USES(rtl60, Classes), USES(designide60, DesignIntf), JEXC60(jexlabels), OWN(Jexreg_j),
     // Jexreg_k
-    USES(rtl60, Classes), USES(designide60, DesignIntf), OWN(Jexreg_k),
+    USES(designide60, DesignIntf), JEXC60(jexutils), OWN(Jexreg_k),
     // Jexreg_l
     USES(designide60, DesignIntf), JEXC60(jexlabeled), OWN(Jexreg_l),
     // Jexreg_m

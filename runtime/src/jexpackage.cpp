@@ -46,6 +46,7 @@ namespace {
     X(jexsplit)                                                                                              \
     X(jexspr)                                                                                                \
     X(jextips)                                                                                               \
+    X(jexutils)                                                                                              \
     X(jexwave)
 
 // A unit's start runs only on the first pass (the count goes below zero), its stop only when the count
