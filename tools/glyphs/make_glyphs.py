@@ -13,139 +13,26 @@ the palette and the hint window treat as transparent.
 Standard library only.
 """
 
-import argparse
 import os
-import struct
 import sys
-import zlib
+
+# The drawing kit beside this script; no bytecode cache is left in the source tree.
+sys.dont_write_bytecode = True
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from glyphlib import (AQUA, BG, BLUE, FUCHSIA, GRAY, GREEN, K, LIME, MAROON, NAVY, PURPLE,  # noqa: E402
+                      RED, SILVER, TEAL, WHITE, YELLOW, Glyph, run_generator)
 
 SIZE = 24
-
-# The classic 16-colour palette in its usual order, as (r, g, b).
-PALETTE = [
-    (0x00, 0x00, 0x00), (0x80, 0x00, 0x00), (0x00, 0x80, 0x00), (0x80, 0x80, 0x00),
-    (0x00, 0x00, 0x80), (0x80, 0x00, 0x80), (0x00, 0x80, 0x80), (0xC0, 0xC0, 0xC0),
-    (0x80, 0x80, 0x80), (0xFF, 0x00, 0x00), (0x00, 0xFF, 0x00), (0xFF, 0xFF, 0x00),
-    (0x00, 0x00, 0xFF), (0xFF, 0x00, 0xFF), (0x00, 0xFF, 0xFF), (0xFF, 0xFF, 0xFF),
-]
-K, MAROON, GREEN, OLIVE, NAVY, PURPLE, TEAL, SILVER, GRAY, RED, LIME, YELLOW, BLUE, FUCHSIA, AQUA, WHITE = range(16)
-BG = OLIVE  # transparent; never drawn with
-
-# A 3x5 pixel font: rows top to bottom, '#' set.
-FONT = {
-    'A': ["###", "#.#", "###", "#.#", "#.#"], 'B': ["##.", "#.#", "##.", "#.#", "##."],
-    'C': ["###", "#..", "#..", "#..", "###"], 'D': ["##.", "#.#", "#.#", "#.#", "##."],
-    'E': ["###", "#..", "##.", "#..", "###"], 'F': ["###", "#..", "##.", "#..", "#.."],
-    'G': ["###", "#..", "#.#", "#.#", "###"], 'H': ["#.#", "#.#", "###", "#.#", "#.#"],
-    'I': ["###", ".#.", ".#.", ".#.", "###"], 'K': ["#.#", "#.#", "##.", "#.#", "#.#"],
-    'L': ["#..", "#..", "#..", "#..", "###"], 'M': ["#.#", "###", "###", "#.#", "#.#"],
-    'N': ["##.", "#.#", "#.#", "#.#", "#.#"], 'O': ["###", "#.#", "#.#", "#.#", "###"],
-    'P': ["###", "#.#", "###", "#..", "#.."], 'Q': ["###", "#.#", "#.#", "###", "..#"],
-    'R': ["##.", "#.#", "##.", "#.#", "#.#"], 'S': ["###", "#..", "###", "..#", "###"],
-    'T': ["###", ".#.", ".#.", ".#.", ".#."], 'U': ["#.#", "#.#", "#.#", "#.#", "###"],
-    'V': ["#.#", "#.#", "#.#", "#.#", ".#."], 'W': ["#.#", "#.#", "###", "###", "#.#"],
-    'X': ["#.#", "#.#", ".#.", "#.#", "#.#"], 'Y': ["#.#", "#.#", ".#.", ".#.", ".#."],
-    'Z': ["###", "..#", ".#.", "#..", "###"],
-    'a': ["...", "##.", ".##", "#.#", "###"], 'b': ["#..", "#..", "##.", "#.#", "##."],
-    'c': ["...", "...", "###", "#..", "###"],
-    '0': ["###", "#.#", "#.#", "#.#", "###"], '1': [".#.", "##.", ".#.", ".#.", "###"],
-    '2': ["##.", "..#", ".#.", "#..", "###"], '3': ["##.", "..#", ".#.", "..#", "##."],
-    '4': ["#.#", "#.#", "###", "..#", "..#"], '5': ["###", "#..", "##.", "..#", "##."],
-    '6': [".##", "#..", "###", "#.#", "###"], '7': ["###", "..#", ".#.", ".#.", ".#."],
-    '8': ["###", "#.#", "###", "#.#", "###"], '9': ["###", "#.#", "###", "..#", "##."],
-    '?': ["##.", "..#", ".#.", "...", ".#."], '#': ["#.#", "###", "#.#", "###", "#.#"],
-    '$': [".##", "##.", ".#.", ".##", "##."], '-': ["...", "...", "###", "...", "..."],
-    '+': ["...", ".#.", "###", ".#.", "..."], ':': ["...", ".#.", "...", ".#.", "..."],
-    '@': ["###", "#.#", "#.#", "#..", "###"], '.': ["...", "...", "...", "...", ".#."],
-    'i': [".#.", "...", "##.", ".#.", "###"], '!': [".#.", ".#.", ".#.", "...", ".#."],
-    ' ': ["...", "...", "...", "...", "..."],
-}
 
 # A large "A" (7x9) for labels.
 BIG_A = ["..###..", ".##.##.", "##...##", "##...##", "#######", "##...##", "##...##", "##...##", "##...##"]
 
 
-class Glyph:
+class PaletteGlyph(Glyph):
+    """A 24x24 palette glyph with the building blocks the component pictures are made of."""
+
     def __init__(self):
-        self.p = [[BG] * SIZE for _ in range(SIZE)]
-
-    # ---- primitives (coordinates inclusive, clipped) ----
-    def px(self, x, y, c):
-        if 0 <= x < SIZE and 0 <= y < SIZE:
-            self.p[y][x] = c
-
-    def hline(self, x0, x1, y, c):
-        for x in range(min(x0, x1), max(x0, x1) + 1):
-            self.px(x, y, c)
-
-    def vline(self, x, y0, y1, c):
-        for y in range(min(y0, y1), max(y0, y1) + 1):
-            self.px(x, y, c)
-
-    def rect(self, x0, y0, x1, y1, c):
-        self.hline(x0, x1, y0, c)
-        self.hline(x0, x1, y1, c)
-        self.vline(x0, y0, y1, c)
-        self.vline(x1, y0, y1, c)
-
-    def fill(self, x0, y0, x1, y1, c):
-        for y in range(y0, y1 + 1):
-            self.hline(x0, x1, y, c)
-
-    def line(self, x0, y0, x1, y1, c):
-        dx, dy = abs(x1 - x0), -abs(y1 - y0)
-        sx, sy = (1 if x0 < x1 else -1), (1 if y0 < y1 else -1)
-        err = dx + dy
-        while True:
-            self.px(x0, y0, c)
-            if x0 == x1 and y0 == y1:
-                return
-            e2 = 2 * err
-            if e2 >= dy:
-                err += dy
-                x0 += sx
-            if e2 <= dx:
-                err += dx
-                y0 += sy
-
-    def polygon(self, pts, c):
-        """Fills a polygon by scanlines through pixel centres, then draws its edges."""
-        ys = [y for _, y in pts]
-        for y in range(min(ys), max(ys) + 1):
-            xs = []
-            for i in range(len(pts)):
-                (xa, ya), (xb, yb) = pts[i], pts[(i + 1) % len(pts)]
-                if ya == yb:
-                    continue
-                if min(ya, yb) <= y < max(ya, yb) or (y == max(ys) and max(ya, yb) == y):
-                    xs.append(xa + (y - ya) * (xb - xa) / (yb - ya))
-            xs.sort()
-            for i in range(0, len(xs) - 1, 2):
-                self.hline(round(xs[i]), round(xs[i + 1]), y, c)
-        for i in range(len(pts)):
-            self.line(*pts[i], *pts[(i + 1) % len(pts)], c)
-
-    def circle(self, cx, cy, r, c, filled=False):
-        for y in range(-r, r + 1):
-            for x in range(-r, r + 1):
-                d = x * x + y * y
-                if (filled and d <= r * r + r) or (not filled and r * r - r <= d <= r * r + r):
-                    self.px(cx + x, cy + y, c)
-
-    def text(self, x, y, s, c):
-        for ch in s:
-            rows = FONT[ch]
-            for j, row in enumerate(rows):
-                for i, bit in enumerate(row):
-                    if bit == '#':
-                        self.px(x + i, y + j, c)
-            x += 4
-
-    def bitmap(self, x, y, rows, c):
-        for j, row in enumerate(rows):
-            for i, bit in enumerate(row):
-                if bit == '#':
-                    self.px(x + i, y + j, c)
+        super().__init__(SIZE, SIZE)
 
     # ---- building blocks ----
     def raised(self, x0, y0, x1, y1, face=SILVER, dark=True):
@@ -404,7 +291,6 @@ class Glyph:
         self.text(2, 1, text, BLUE)
         self.hline(2, 2 + 4 * len(text) - 2, 7, BLUE)
         draw_control()
-
 
 # ---- the glyphs ----------------------------------------------------------------------------------------
 def nav_button(symbol):
@@ -1817,104 +1703,22 @@ GLYPHS = {
 }
 
 
+
 def render(name):
-    g = Glyph()
+    g = PaletteGlyph()
     GLYPHS[name](g)
     if g.p[SIZE - 1][0] != BG:
         raise SystemExit(f"{name}: the bottom-left pixel must stay the background (transparent) colour")
     return g.p
 
 
-def bmp_bytes(pixels):
-    """A 4-bit BMP file (bottom-up rows) of a 24x24 picture."""
-    row_bytes = (SIZE * 4 + 31) // 32 * 4
-    data = bytearray()
-    for y in range(SIZE - 1, -1, -1):
-        row = bytearray()
-        for x in range(0, SIZE, 2):
-            row.append((pixels[y][x] << 4) | pixels[y][x + 1])
-        row.extend(b"\0" * (row_bytes - len(row)))
-        data.extend(row)
-    palette = b"".join(struct.pack("<BBBB", b, g, r, 0) for r, g, b in PALETTE)
-    offset = 14 + 40 + len(palette)
-    header = struct.pack("<2sIHHI", b"BM", offset + len(data), 0, 0, offset)
-    info = struct.pack("<IiiHHIIiiII", 40, SIZE, SIZE, 1, 4, 0, len(data), 2835, 2835, 16, 0)
-    return header + info + palette + bytes(data)
-
-
-def png_bytes(width, height, rgb_rows):
-    def chunk(kind, body):
-        return struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body) & 0xFFFFFFFF)
-    raw = b"".join(b"\0" + bytes(v for px in row for v in px) for row in rgb_rows)
-    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0)) +
-            chunk(b"IDAT", zlib.compress(raw, 9)) + chunk(b"IEND", b""))
-
-
-def write_preview(path, names, scale=4, columns=12):
-    cell = SIZE * scale + 4
-    rows_n = (len(names) + columns - 1) // columns
-    width, height = columns * cell, rows_n * cell
-    canvas = [[(96, 96, 96)] * width for _ in range(height)]
-    for n, name in enumerate(names):
-        pixels = render(name)
-        ox, oy = (n % columns) * cell + 2, (n // columns) * cell + 2
-        for y in range(SIZE):
-            for x in range(SIZE):
-                c = pixels[y][x]
-                colour = (0xD4, 0xD0, 0xC8) if c == BG else PALETTE[c]
-                for dy in range(scale):
-                    row = canvas[oy + y * scale + dy]
-                    for dx in range(scale):
-                        row[ox + x * scale + dx] = colour
-    with open(path, "wb") as f:
-        f.write(png_bytes(width, height, canvas))
-
-
-def write_cpp(path, names):
-    out = ["// Generated by tools/glyphs/make_glyphs.py; do not edit. The palette glyphs of dclJEXC: one 24x24",
-           "// 16-colour bitmap per component class, named by the class name in upper case.",
-           '#include "rtl/resources.h"', "", "namespace {", ""]
-    for name in names:
-        data = bmp_bytes(render(name))
-        out.append(f"const unsigned char {name.upper()}[] = {{")
-        for i in range(0, len(data), 24):
-            out.append("    " + ", ".join(f"0x{b:02x}" for b in data[i:i + 24]) + ",")
-        out.append("};")
-    out += ["", "// Resources are declared while the module initialises, as the resource table expects.",
-            "struct TPaletteGlyphs {", "    TPaletteGlyphs() {"]
-    for name in names:
-        out.append(f'        jexThisModule().AddBitmap("{name.upper()}", {name.upper()}, sizeof {name.upper()});')
-    out += ["    }", "};", "const TPaletteGlyphs PaletteGlyphs;", "", "} // namespace", ""]
-    text = "\n".join(out)
-    # Written only when it changed, so that a re-run does not rebuild the package.
-    if os.path.exists(path):
-        with open(path) as f:
-            if f.read() == text:
-                return
-    with open(path, "w") as f:
-        f.write(text)
-
-
 def main(argv):
-    ap = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    ap.add_argument("--cpp", help="C++ source to write")
-    ap.add_argument("--bmp-dir", help="folder to write every glyph to as <CLASS>.bmp")
-    ap.add_argument("--preview", help="PNG contact sheet to write")
-    ap.add_argument("--list", action="store_true", help="print the class names drawn")
-    args = ap.parse_args(argv)
     names = list(GLYPHS)
-    if args.list:
-        print("\n".join(names))
-    if args.cpp:
-        write_cpp(args.cpp, names)
-    if args.bmp_dir:
-        os.makedirs(args.bmp_dir, exist_ok=True)
-        for name in names:
-            with open(os.path.join(args.bmp_dir, name.upper() + ".bmp"), "wb") as f:
-                f.write(bmp_bytes(render(name)))
-    if args.preview:
-        write_preview(args.preview, names)
-    return 0
+    return run_generator(
+        argv, __doc__.splitlines()[0], lambda: [(name.upper(), render(name)) for name in names],
+        ["Generated by tools/glyphs/make_glyphs.py; do not edit. The palette glyphs of dclJEXC: one 24x24",
+         "16-colour bitmap per component class, named by the class name in upper case."],
+        "PaletteGlyphs", per_row=12, listing=names)
 
 
 if __name__ == "__main__":
