@@ -205,7 +205,9 @@ TjexCustomPicSpeedBtn::TjexCustomPicSpeedBtn(rtl::TComponent* AOwner)
     FHeight = 22;
     FColor = clBtnFace;
     FParentColor = true;
-    FControlStyle = TControlStyle{csCaptureMouse, csDoubleClicks, csSetCaption, csOpaque};
+    // Like a speed button, and unlike a windowed button, a new picture speed button does not show its name
+    // as its caption: navigator buttons are glyph-only unless a caption is given.
+    FControlStyle = TControlStyle{csCaptureMouse, csDoubleClicks, csOpaque};
 }
 
 TjexCustomPicSpeedBtn::~TjexCustomPicSpeedBtn() = default;
