@@ -30,8 +30,8 @@ import sys
 # The drawing kit beside this script; no bytecode cache is left in the source tree.
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from glyphlib import (AQUA, BG, BLUE, GRAY, GREEN, K, LIME, MAROON, NAVY, RED, TEAL, WHITE, YELLOW,  # noqa: E402
-                      Glyph, run_generator)
+from glyphlib import (AQUA, BG, BLUE, GRAY, GREEN, K, LIME, MAROON, NAVY, RED, SILVER, TEAL, WHITE,  # noqa: E402
+                      YELLOW, Glyph, run_generator)
 
 
 # ---- shapes -----------------------------------------------------------------------------------------------
@@ -107,7 +107,8 @@ class Symbol:
 
 # ---- painting ---------------------------------------------------------------------------------------------
 def paint(sym, coloured, raised):
-    """The symbol's picture: coloured (outlined when raised) or black and white."""
+    """The symbol's picture: coloured (outlined when raised) or black and white, where a light body is white
+    inside a black outline and every other shape black."""
     g = Glyph(sym.w, sym.h)
     for s in sym.shapes:
         if s.halo:
@@ -123,6 +124,8 @@ def paint(sym, coloured, raised):
         else:
             outlined = s.light
             edge = K
+        if not coloured and s.fill == SILVER:
+            continue  # faint detail, which black and white cannot show
         body = s.fill if coloured else (WHITE if s.light or s.fill == WHITE else K)
         for x, y in s.mask:
             g.px(x, y, edge if outlined and inner and (x, y) not in inner else body)
@@ -332,22 +335,23 @@ def turn_head(s, cx, cy, r, angle, sense, d):
     return s.polygon([(px + tx * d, py + ty * d), (px + nx * d, py + ny * d), (px - nx * d, py - ny * d)])
 
 
-def table(s, x0, y0, x1, y1):
-    s.add(s.rect(x0, y0, x1, y1), fill=WHITE, edge=K, light=True)
-    rows = max(1, (y1 - y0) // 4)
-    s.add(s.rect(x0, y0, x1, y0 + max(1, (y1 - y0) // 5)), fill=NAVY)
-    for i in range(1, rows + 1):
-        y = y0 + i * (y1 - y0) // (rows + 1)
-        s.add(s.rect(x0, y, x1, y), fill=K)
-    s.add(s.rect((x0 + x1) // 2, y0, (x0 + x1) // 2, y1), fill=K)
-
-
 def sym_empty(s):
-    table(s, 1, 1, s.w - 2 - s.n // 5, s.h - 2 - s.n // 5)
-    m = s.n * 0.45
-    t = s.n / 14 + 0.3
-    x0, y0, x1, y1 = s.w - 2 - m, s.h - 2 - m, s.w - 2, s.h - 2
-    s.add(s.band([(x0, y0), (x1, y1)], t) | s.band([(x1, y0), (x0, y1)], t), fill=RED, edge=MAROON, halo=True)
+    # A table with its header and nothing below it, crossed out.
+    x0, y0, x1, y1 = 1, 1, s.w - 2, s.h - 2
+    head = max(1, (y1 - y0) // 5)
+    s.add(s.rect(x0, y0, x1, y1), fill=WHITE, edge=K, light=True)
+    s.add(s.rect(x0, y0, x1, y0 + head), fill=NAVY)
+    # The grid of the empty rows, faint.
+    for y in range(y0 + head + 3, y1, 3):
+        s.add(s.rect(x0 + 1, y, x1 - 1, y), fill=SILVER)
+    s.add(s.rect((x0 + x1) // 2, y0 + head + 1, (x0 + x1) // 2, y1 - 1), fill=SILVER)
+    body = y1 - y0 - head - 1
+    size = max(3, round(body * 0.7))
+    cx, cy = (x0 + x1) / 2, y0 + head + 1 + (body - 1) / 2
+    half = (size - 1) / 2
+    t = 0.9 if s.n >= 18 else 0.5
+    s.add(s.band([(cx - half, cy - half), (cx + half, cy + half)], t) |
+          s.band([(cx + half, cy - half), (cx - half, cy + half)], t), fill=RED)
 
 
 def ribbon(s, x0, x1, y0, y1, halo=False):
@@ -369,17 +373,18 @@ def sym_bmks(s):
 
 
 def sym_find(s):
-    r = s.n * 0.22
-    cx, cy = 1 + r + 0.5, 1 + r + 0.5
-    t = max(0.8, s.n / 14)
-    head = s.disc(cx, cy, r + 0.3) - s.disc(cx, cy, max(0.8, r * 0.35))
-    end = (s.w - 2.5, s.h - 2.5)
-    shaft = s.band([(cx + r * 0.6, cy + r * 0.6), end], t)
-    k = max(2, round(s.n / 7))
-    ex, ey = end
-    teeth = (s.band([(ex - k * 0.8, ey - k * 0.8), (ex - k * 0.8 + k, ey - k * 0.8 - k)], t * 0.8) |
-             s.band([(ex - k * 2, ey - k * 2), (ex - k * 2 + k * 0.8, ey - k * 2 - k * 0.8)], t * 0.8))
-    s.add(head | shaft | teeth, fill=YELLOW, edge=K, light=True)
+    # A key lying on its side: the bow on the left, the bit hanging down at the right end.
+    cy = (s.h - 1) / 2 - (s.n >= 13)
+    r = s.n * 0.24
+    cx = 1 + r
+    half = 1 if s.n >= 13 else 0
+    bow = s.disc(cx, cy, r + 0.5) - s.disc(cx, cy, max(0.6, r * 0.3))
+    x_end = s.w - 2
+    shaft = s.rect(cx + r - 1, round(cy) - half, x_end, round(cy) + half)
+    k = max(2, round(s.n / 4))
+    bit = (s.rect(x_end - 2 * half, cy, x_end, cy + k) |
+           s.rect(x_end - 2 * k, cy, x_end - 2 * k + 2 * half, cy + k - 1))
+    s.add(bow | shaft | bit, fill=YELLOW, edge=K, light=True)
 
 
 def sym_range(s):
