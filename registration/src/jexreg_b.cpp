@@ -1,8 +1,10 @@
-// Jexreg_b: the "Jex DB Nav" palette page, and the navigator panels, toolbars and buttons' own properties in
-// the library's "Jex" category. Its start makes the navigator button classes streamable by name; its stop
-// withdraws them.
+// Jexreg_b: the "Jex DB Nav" palette page, the navigator panel, toolbar and button editors, and the
+// navigator panels, toolbars and buttons' own properties in the library's "Jex" category. Its start makes
+// the navigator button classes streamable by name; its stop withdraws them.
+#include "dcljexc/jexpbtns.h"
 #include "dcljexc/jexpropc.h"
 #include "dcljexc/units.h"
+#include "ide/compedit.h"
 #include "ide/palette.h"
 #include "jex/jexnav.h"
 #include "vcl/controls.h"
@@ -87,7 +89,36 @@ JEX_PACKAGE_REGISTER(jexreg_b) {
 
     // Property editor registrations of this unit come with the navigator button editor.
 
-    // Component editor registrations of this unit come with the navigator button editor.
+    ide::RegisterComponentEditor(TjexNavToolbar::StaticClass(), TjexNavToolbarEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexNavPanel::StaticClass(), TjexNavPanelEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpFirst::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpJumpBack::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpPrev::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpNext::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpJumpFwd::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpLast::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpInsert::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpAppend::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpDuplicateRec::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpEdit::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpDataSourceEdit::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpBlobEdit::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpFindReplace::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpDelete::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpCancel::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpPost::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpRefresh::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpEmptyTable::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpBookmark::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpBookmarkMenu::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpFindKey::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpRange::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpFilterActive::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpSQLStartTrans::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpSQLCommit::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpSQLRollback::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpQueryParams::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexnpDBInfo::StaticClass(), TjexnpButtonEditor::StaticClass());
 
     jexRegisterPropertiesInCategory(TjexNavToolbar::StaticClass(),
                                     {"ActivateParent", "AutoDataSource", "AutoField", "CloseButton",

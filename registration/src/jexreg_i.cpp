@@ -1,6 +1,8 @@
 // Jexreg_i: the "Jex Buttons" palette page, and the buttons' own properties in the library's "Jex" category.
+#include "dcljexc/jexpbtns.h"
 #include "dcljexc/jexpropc.h"
 #include "dcljexc/units.h"
+#include "ide/compedit.h"
 #include "ide/palette.h"
 #include "jex/jexbuttons.h"
 
@@ -20,7 +22,8 @@ JEX_PACKAGE_REGISTER(jexreg_i) {
 
     // Property editor registrations of this unit come with the file-name editors and the value-list editors.
 
-    // Component editor registrations of this unit come with the navigator button editor.
+    ide::RegisterComponentEditor(TjexPicSpeedBtn::StaticClass(), TjexnpButtonEditor::StaticClass());
+    ide::RegisterComponentEditor(TjexToggleBtn::StaticClass(), TjexnpButtonEditor::StaticClass());
 
     jexRegisterPropertiesInCategory(TjexPicBtn::StaticClass(),
                                     {"DisabledShadow", "Layout", "Margin", "NumGlyphs", "Picture",

@@ -12,6 +12,7 @@
 #include <set>
 
 #include "ide/categories.h"
+#include "ide/compedit.h"
 #include "ide/experts.h"
 #include "ide/palette.h"
 #include "ide/propedit.h"
@@ -181,6 +182,7 @@ TEST_F(PackageLoad, StartTableForwardsToTheUnitsEachUnitUsesBeforeStartingIt) {
 // library has; the rows of classes it has not got yet (named in the test data) are not made.
 TEST_F(PackageLoad, RegistersThePaletteNoIconAndCategoryTables) {
     const int categoriesBefore = ide::CategoryRegistrationCount();
+    const int editorsBefore = ide::ComponentEditorRegistrationCount();
     ide::TPackage* p = LoadPackage();
     TJexc60 jex(p->Requires()[0]);
     std::set<std::string> pending = Pending();
@@ -271,10 +273,24 @@ TEST_F(PackageLoad, RegistersThePaletteNoIconAndCategoryTables) {
         EXPECT_EQ(ide::GetEditorClass(info, cls)->ClassName(), row["editor"]) << name << "." << row["prop"];
     }
 
+    // One component-editor registration per row, each giving its class (and the descendants that have no
+    // row of their own) the editor of the row.
+    int editorRows = 0;
+    for (auto& row : Data()["component_editors"]) {
+        std::string name = row["class"];
+        if (!has(name)) continue;
+        ++editorRows;
+        rtl::TClass cls = jex.ClassByName(name);
+        ASSERT_NE(cls, nullptr) << name;
+        EXPECT_EQ(ide::GetComponentEditorClass(cls)->ClassName(), row["editor"]) << name;
+    }
+    EXPECT_EQ(ide::ComponentEditorRegistrationCount() - editorsBefore, editorRows);
+
     Manager.UnloadPackage(p);
     EXPECT_TRUE(ide::PalettePages().empty());
     EXPECT_TRUE(ide::NoIconClasses().empty());
     EXPECT_EQ(ide::CategoryRegistrationCount(), categoriesBefore);
+    EXPECT_EQ(ide::ComponentEditorRegistrationCount(), editorsBefore);
 }
 
 // The category's name is a resource string: a catalogue beside the package renames it.
