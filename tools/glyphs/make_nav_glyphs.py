@@ -220,6 +220,7 @@ def sym_append(s):
 
 
 def sheet(s, x0, y0, x1, y1, lines=True, halo=False):
+    """A sheet of paper, with lines of text when it is tall enough."""
     s.add(s.rect(x0, y0, x1, y1), fill=WHITE, edge=K, light=True, halo=halo)
     if lines and y1 - y0 >= 6:
         for y in range(y0 + 2, y1 - 1, 2):
@@ -262,6 +263,7 @@ def sym_edit(s):
 
 
 def window(s, x0, y0, x1, y1):
+    """A form: white, outlined, with a title bar."""
     s.add(s.rect(x0, y0, x1, y1), fill=WHITE, edge=K, light=True)
     s.add(s.rect(x0, y0, x1, y0 + max(1, (y1 - y0) // 5)), fill=NAVY)
 
@@ -304,11 +306,14 @@ def sym_delete(s):
     s.add(s.rect(2, y0, s.w - 3, y0 + thick - 1), fill=RED, edge=MAROON)
 
 
+def cross(s, x0, y0, x1, y1, t):
+    """An X from corner to corner of the box, strokes of half-width t."""
+    return s.band([(x0, y0), (x1, y1)], t) | s.band([(x1, y0), (x0, y1)], t)
+
+
 def sym_cancel(s):
     m = 2.5 if s.n > 9 else 1.5
-    t = s.n / 10 + 0.4
-    x0, y0, x1, y1 = m, m, s.w - 1 - m, s.h - 1 - m
-    s.add(s.band([(x0, y0), (x1, y1)], t) | s.band([(x1, y0), (x0, y1)], t), fill=RED, edge=MAROON)
+    s.add(cross(s, m, m, s.w - 1 - m, s.h - 1 - m, s.n / 10 + 0.4), fill=RED, edge=MAROON)
 
 
 def sym_post(s):
@@ -350,8 +355,7 @@ def sym_empty(s):
     cx, cy = (x0 + x1) / 2, y0 + head + 1 + (body - 1) / 2
     half = (size - 1) / 2
     t = 0.9 if s.n >= 18 else 0.5
-    s.add(s.band([(cx - half, cy - half), (cx + half, cy + half)], t) |
-          s.band([(cx + half, cy - half), (cx - half, cy + half)], t), fill=RED)
+    s.add(cross(s, cx - half, cy - half, cx + half, cy + half, t), fill=RED)
 
 
 def ribbon(s, x0, x1, y0, y1, halo=False):
