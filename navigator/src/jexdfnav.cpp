@@ -1034,18 +1034,23 @@ std::string TjexdfNavPanelEdit::UniqueComponentName(rtl::TComponent* Owner, cons
 void TjexdfNavPanelEdit::CreateButtons() {
     FNextNumbers.clear();
     if (ToolWindow) ToolWindow->BeginUpdate();
+    // Every new child would otherwise realign all the panel's children: aligned once, at the end.
+    Panel->DisableAlign();
+    auto finish = [&] {
+        FNextNumbers.clear();
+        Panel->EnableAlign();
+        if (ToolWindow) ToolWindow->EndUpdate();
+    };
     try {
         for (int i = 0; i < lstSelected->Items()->Count(); ++i)
             CreateButton(i);
         AdjustAllButtons();
         if (chkHints->Checked()) Panel->SetShowHint(true);
     } catch (...) {
-        FNextNumbers.clear();
-        if (ToolWindow) ToolWindow->EndUpdate();
+        finish();
         throw;
     }
-    FNextNumbers.clear();
-    if (ToolWindow) ToolWindow->EndUpdate();
+    finish();
 }
 
 void TjexdfNavPanelEdit::CreateButton(int Index) {

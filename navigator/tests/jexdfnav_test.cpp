@@ -11,6 +11,7 @@
 #include "../../catalogue/tests/catalogue_testutil.h"
 #include "dcljexc/jexdfnav.h"
 #include "dcljexc/jexdsncn.h"
+#include "jexdfnav_classes.h"
 #include "vcl/graphics.h"
 #include "vcl/scripted_ui.h"
 
@@ -41,27 +42,6 @@ protected:
         Dir = mkdtemp(templ.data());
         rtl::SetSystemDirectory(Dir);
         Jexdsncn::Start();
-        for (rtl::TClass c :
-             {jex::TjexnpFirst::StaticClass(), jex::TjexnpJumpBack::StaticClass(), jex::TjexnpPrev::StaticClass(),
-              jex::TjexnpNext::StaticClass(), jex::TjexnpJumpFwd::StaticClass(), jex::TjexnpLast::StaticClass(),
-              jex::TjexnpInsert::StaticClass(), jex::TjexnpAppend::StaticClass(),
-              jex::TjexnpDuplicateRec::StaticClass(), jex::TjexnpEdit::StaticClass(),
-              jex::TjexnpDataSourceEdit::StaticClass(), jex::TjexnpBlobEdit::StaticClass(),
-              jex::TjexnpFindReplace::StaticClass(), jex::TjexnpDelete::StaticClass(),
-              jex::TjexnpCancel::StaticClass(), jex::TjexnpPost::StaticClass(), jex::TjexnpRefresh::StaticClass(),
-              jex::TjexnpEmptyTable::StaticClass(), jex::TjexnpBookmark::StaticClass(),
-              jex::TjexnpBookmarkMenu::StaticClass(), jex::TjexnpFindKey::StaticClass(),
-              jex::TjexnpIndexCombo::StaticClass(), jex::TjexnpRange::StaticClass(),
-              jex::TjexnpRangeEdit::StaticClass(), jex::TjexnpFilterActive::StaticClass(),
-              jex::TjexnpFilterExpression::StaticClass(), jex::TjexnpSQLStartTrans::StaticClass(),
-              jex::TjexnpSQLCommit::StaticClass(), jex::TjexnpSQLRollback::StaticClass(),
-              jex::TjexnpQueryParams::StaticClass(), jex::TjexnpDBInfo::StaticClass(),
-              jex::TjexnpState::StaticClass(), jex::TjexnpRecordCount::StaticClass(),
-              jex::TjexPicSpeedBtn::StaticClass(), jex::TjexToggleBtn::StaticClass()})
-            if (rtl::RegisteredClassCount(c->ClassName()) == 0) {
-                rtl::RegisterClass(c);
-                Registered.push_back(c);
-            }
         UI.PropagateExceptions = true;
         Form = new TForm(nullptr);
         Form->SetName("Form1");
@@ -72,8 +52,6 @@ protected:
     }
     void TearDown() override {
         Form->Free();
-        for (rtl::TClass c : Registered)
-            rtl::UnRegisterClass(c);
         Jexdsncn::Stop();
         rtl::SetSystemDirectory("");
         fs::remove_all(Dir);
@@ -138,7 +116,7 @@ protected:
     std::string Dir;
     TScriptedUI UI;
     cattest::TPackageModuleScope Package;
-    std::vector<rtl::TClass> Registered;
+    navtest::TNavClassesScope Classes;
     TForm* Form = nullptr;
     jex::TjexNavPanel* Panel = nullptr;
 };
