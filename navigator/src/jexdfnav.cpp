@@ -184,6 +184,18 @@ int KindOfInstance(const rtl::TObject* Obj) {
     return -1;
 }
 
+// Layout arithmetic raises the platform's overflow error rather than wrapping.
+int CheckedAdd(int a, int b) {
+    int r;
+    if (__builtin_add_overflow(a, b, &r)) throw rtl::EIntOverflow(rtl::SIntOverflow);
+    return r;
+}
+int CheckedMul(int a, int b) {
+    int r;
+    if (__builtin_mul_overflow(a, b, &r)) throw rtl::EIntOverflow(rtl::SIntOverflow);
+    return r;
+}
+
 void CheckGlyphCount(int NumGlyphs) {
     if (NumGlyphs < 1 || NumGlyphs > 5) throw rtl::ERangeError(rtl::SRangeError);
 }
@@ -1132,77 +1144,60 @@ void TjexdfNavPanelEdit::AdjustAllButtons() {
         }
     };
 
-    int panelW = 0, panelH = 0;
-    if (!VerticalGlyphs()) {
-        panelW = (btnW + offH) * ColCount + 2 * marH - offH;
-        int x = marH, y = marV, c = 0;
-        for (jex::TjexCustomPicSpeedBtn* b : buttons) {
-            style(b);
-            b->SetBounds(x, y, btnW, btnH);
-            if (++c < ColCount) {
-                x += btnW + offH;
-            } else {
-                c = 0;
-                x = marH;
-                y += btnH + offV;
-            }
+    // Horizontal panels fill rows of ColCount buttons, vertical ones columns of RowCount buttons, and the
+    // other controls flow after them in the same direction; the two are one layout with the axes exchanged.
+    // U runs along a line of buttons, V across the lines.
+    const bool vertical = VerticalGlyphs();
+    const int perLine = vertical ? RowCount : ColCount;
+    const int btnU = vertical ? btnH : btnW, btnV = vertical ? btnW : btnH;
+    const int offU = vertical ? offV : offH, offAcross = vertical ? offH : offV;
+    const int marU = vertical ? marV : marH, marAcross = vertical ? marH : marV;
+    auto sizeU = [&](const TControl* c) { return vertical ? c->Height() : c->Width(); };
+    auto sizeV = [&](const TControl* c) { return vertical ? c->Width() : c->Height(); };
+    auto place = [&](TControl* c, int u, int v, int su, int sv) {
+        if (vertical)
+            c->SetBounds(v, u, sv, su);
+        else
+            c->SetBounds(u, v, su, sv);
+    };
+
+    int panelU = CheckedAdd(CheckedMul(btnU + offU, perLine), 2 * marU - offU);
+    int u = marU, v = marAcross, n = 0;
+    for (jex::TjexCustomPicSpeedBtn* b : buttons) {
+        style(b);
+        place(b, u, v, btnU, btnV);
+        if (++n < perLine) {
+            u += btnU + offU;
+        } else {
+            n = 0;
+            u = marU;
+            v = CheckedAdd(v, btnV + offAcross);
         }
-        if (!buttons.empty()) {
-            y += others.empty() ? marV : 1 - offV;
-            if (x != marH) y += btnH; // the last row is incomplete
-        }
-        const int rowStart = marH + 1;
-        int rowH = 0;
-        x = rowStart;
-        for (TControl* o : others) {
-            const int w = o->Width(), h = o->Height();
-            if (x != rowStart && x + marH + w + 1 > panelW) {
-                x = rowStart;
-                y += rowH + 1;
-                rowH = 0;
-            }
-            if (x == rowStart && w + 2 * marH + 2 > panelW) panelW = w + 2 * marH + 2;
-            o->SetBounds(x, y, w, h);
-            x += w + 2;
-            rowH = std::max(rowH, h);
-        }
-        panelH = others.empty() ? y : y + rowH + marV + 1;
-    } else {
-        panelH = (btnH + offV) * RowCount + 2 * marV - offV;
-        int x = marH, y = marV, c = 0;
-        for (jex::TjexCustomPicSpeedBtn* b : buttons) {
-            style(b);
-            b->SetBounds(x, y, btnW, btnH);
-            if (++c < RowCount) {
-                y += btnH + offV;
-            } else {
-                c = 0;
-                y = marV;
-                x += btnW + offH;
-            }
-        }
-        if (!buttons.empty()) {
-            x += others.empty() ? marH : 1 - offH;
-            if (y != marV) x += btnW; // the last column is incomplete
-        }
-        const int colStart = marV + 1;
-        int colW = 0;
-        y = colStart;
-        for (TControl* o : others) {
-            const int w = o->Width(), h = o->Height();
-            if (y != colStart && y + marV + h + 1 > panelH) {
-                y = colStart;
-                x += colW + 1;
-                colW = 0;
-            }
-            if (y == colStart && h + 2 * marV + 2 > panelH) panelH = h + 2 * marV + 2;
-            o->SetBounds(x, y, w, h);
-            y += h + 2;
-            colW = std::max(colW, w);
-        }
-        panelW = others.empty() ? x : x + colW + marH + 1;
     }
-    Panel->SetBounds(Panel->Left(), Panel->Top(), panelW, panelH);
+    if (!buttons.empty()) {
+        v += others.empty() ? marAcross : 1 - offAcross;
+        if (u != marU) v += btnV; // the last line is incomplete
+    }
+    const int lineStart = marU + 1;
+    int lineV = 0;
+    u = lineStart;
+    for (TControl* o : others) {
+        const int cu = sizeU(o), cv = sizeV(o);
+        if (u != lineStart && u + marU + cu + 1 > panelU) {
+            u = lineStart;
+            v = CheckedAdd(v, lineV + 1);
+            lineV = 0;
+        }
+        if (u == lineStart && cu + 2 * marU + 2 > panelU) panelU = cu + 2 * marU + 2;
+        place(o, u, v, cu, cv);
+        u += cu + 2;
+        lineV = std::max(lineV, cv);
+    }
+    const int panelV = others.empty() ? v : CheckedAdd(v, lineV + marAcross + 1);
+    if (vertical)
+        Panel->SetBounds(Panel->Left(), Panel->Top(), panelV, panelU);
+    else
+        Panel->SetBounds(Panel->Left(), Panel->Top(), panelU, panelV);
 }
 
 bool ExecjexdfNavPanelEdit(TWinControl* Panel) {
