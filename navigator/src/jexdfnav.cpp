@@ -954,43 +954,30 @@ int TjexdfNavPanelEdit::GetRowCount(int Total, int& Cols) {
 
 void TjexdfNavPanelEdit::speBtnRowsChange(rtl::TObject*) {
     if (InRowColChange) return;
-    InRowColChange = true;
-    try {
-        LastChanged = 0;
-        const bool increasing = speBtnRows->Value() > RowCount;
-        RowCount = speBtnRows->Value();
-        ColCount = GetColCount(ButtonTotal, RowCount);
-        if (!VerticalGlyphs()) {
-            // Step on to the next row count that really changes the columns.
-            while (speBtnCols->Value() == ColCount && ColCount != 1 && ColCount != ButtonTotal) {
-                RowCount += increasing ? 1 : -1;
-                ColCount = GetColCount(ButtonTotal, RowCount);
-            }
-            RowCount = GetRowCount(ButtonTotal, ColCount);
-        }
-        speBtnRows->SetValue(RowCount);
-        speBtnCols->SetValue(ColCount);
-    } catch (...) {
-        InRowColChange = false;
-        throw;
-    }
-    InRowColChange = false;
+    LastChanged = 0;
+    StepGrid(speBtnRows, speBtnCols, RowCount, ColCount, !VerticalGlyphs());
 }
 
 void TjexdfNavPanelEdit::speBtnColsChange(rtl::TObject*) {
     if (InRowColChange) return;
+    LastChanged = 1;
+    StepGrid(speBtnCols, speBtnRows, ColCount, RowCount, VerticalGlyphs());
+}
+
+void TjexdfNavPanelEdit::StepGrid(TSpinEdit* Changed, TSpinEdit* Other, int& Count, int& OtherCount,
+                                  bool StepToChange) {
     InRowColChange = true;
     try {
-        LastChanged = 1;
-        const bool increasing = speBtnCols->Value() > ColCount;
-        ColCount = speBtnCols->Value();
-        RowCount = GetRowCount(ButtonTotal, ColCount);
-        if (VerticalGlyphs()) {
-            while (speBtnRows->Value() == RowCount && RowCount != 1 && RowCount != ButtonTotal) {
-                ColCount += increasing ? 1 : -1;
-                RowCount = GetRowCount(ButtonTotal, ColCount);
+        const bool increasing = Changed->Value() > Count;
+        Count = Changed->Value();
+        OtherCount = GetColCount(ButtonTotal, Count);
+        if (StepToChange) {
+            // Step on to the next count that really changes the other dimension, then leave no line empty.
+            while (Other->Value() == OtherCount && OtherCount != 1 && OtherCount != ButtonTotal) {
+                Count += increasing ? 1 : -1;
+                OtherCount = GetColCount(ButtonTotal, Count);
             }
-            ColCount = GetColCount(ButtonTotal, RowCount);
+            Count = GetColCount(ButtonTotal, OtherCount);
         }
         speBtnRows->SetValue(RowCount);
         speBtnCols->SetValue(ColCount);

@@ -249,6 +249,10 @@ class TjexdfNavPanelEdit : public TjexdfNavDesignForm {
     int SelectedKind(int Index) const;
 
 private:
+    // The rows/cols handlers' common part: Changed now shows Count's new value; OtherCount follows, and with
+    // StepToChange (rows on horizontal panels, columns on vertical ones) Count steps on until OtherCount
+    // really changes.
+    void StepGrid(vcl::TSpinEdit* Changed, vcl::TSpinEdit* Other, int& Count, int& OtherCount, bool StepToChange);
     void AppendEntry(int OutlineIndex);
     void FocusIfShowing(vcl::TWinControl* Control);
     std::string UniqueComponentName(rtl::TComponent* Owner, const std::string& Base);
