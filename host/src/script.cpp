@@ -602,8 +602,15 @@ TJson TScriptRunner::FormJson() {
     j["file"] = Session().FileName();
     j["modified"] = Session().Modified();
     TJson comps = TJson::array();
-    for (TComponent* c : root->ComponentList())
-        comps.push_back({{"name", c->Name()}, {"class", c->ClassName()}});
+    for (TComponent* c : root->ComponentList()) {
+        TJson comp = {{"name", c->Name()}, {"class", c->ClassName()}};
+        // Controls also say where they are, so that a form read back can be compared with the one saved.
+        if (auto* ctl = dynamic_cast<vcl::TControl*>(c)) {
+            comp["parent"] = ctl->Parent() ? ctl->Parent()->Name() : std::string();
+            comp["bounds"] = {ctl->Left(), ctl->Top(), ctl->Width(), ctl->Height()};
+        }
+        comps.push_back(std::move(comp));
+    }
     j["components"] = std::move(comps);
     return j;
 }
