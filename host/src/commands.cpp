@@ -420,6 +420,9 @@ TJson HintJson(THost& host, const std::string& className) {
             size_t again = proc(className.c_str(), buffer.data(), buffer.size());
             text.assign(buffer.data(), std::min(again, length));
         }
+        // A class nobody describes and the host does not know is a mistyped name, not a silent blank.
+        if (text.empty() && !ide::FindDesignClass(className) && !GetClass(className))
+            throw EClassNotFound("Unknown component class '" + className + "'");
         TJson j;
         j["class"] = className;
         j["provider"] = p->Name();

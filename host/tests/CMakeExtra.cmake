@@ -10,7 +10,12 @@ if(TARGET jexdesign_tests)
   add_dependencies(jexdesign_tests jexdesign dcljexhosttest)
   target_compile_definitions(jexdesign_tests PRIVATE
     JEXDESIGN_EXE="$<TARGET_FILE:jexdesign>"
-    JEX_HOSTTEST_PACKAGE="$<TARGET_FILE:dcljexhosttest>")
+    JEX_HOSTTEST_PACKAGE="$<TARGET_FILE:dcljexhosttest>"
+    JEX_PACKAGE_TEST_DATA="${PROJECT_SOURCE_DIR}/package/tests/data")
+  # The standard packages, loaded from beside the executable.
+  if(TARGET dclJEXC)
+    add_dependencies(jexdesign_tests dclJEXC jexc60)
+  endif()
   if(TARGET dcljextest)
     add_dependencies(jexdesign_tests jextestrt dcljextest dclmissingreq jexnotapkg)
     target_compile_definitions(jexdesign_tests PRIVATE
