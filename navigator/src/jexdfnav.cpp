@@ -149,6 +149,8 @@ constexpr int BtnSizes[10][2] = {{15, 15}, {20, 20}, {23, 22}, {25, 25}, {30, 30
 constexpr int CustomSizeItem = 10;
 constexpr int DefaultSizeItem = 2;
 constexpr int CaptionSizeItem = 6;
+// The medium coloured glyph set.
+constexpr int DefaultGlyphStyle = 2;
 
 // The glyph preview's size without and with a caption.
 constexpr int GlyphSampleW = 40, GlyphSampleH = 36, GlyphSampleCaptionW = 72;
@@ -240,15 +242,6 @@ TjexdfNavDesignForm::~TjexdfNavDesignForm() {
     CloseIniFile();
 }
 
-template <class T>
-T* TjexdfNavDesignForm::Place(TWinControl* Parent, const char* Name, int Left, int Top, int Width, int Height) {
-    T* c = new T(this);
-    c->SetName(Name);
-    c->SetParent(Parent);
-    c->SetBounds(Left, Top, Width, Height);
-    return c;
-}
-
 TLabel* TjexdfNavDesignForm::PlaceLabel(TWinControl* Parent, const char* Name, const std::string& Caption,
                                         int Left, int Top, TWinControl* FocusControl) {
     TLabel* l = Place<TLabel>(Parent, Name, Left, Top, 64, 13);
@@ -284,7 +277,7 @@ void TjexdfNavDesignForm::BuildGlyphsPage(TWinControl* Page) {
                                            &_sjexnpdsgnGlyphStyle2, &_sjexnpdsgnGlyphStyle3,
                                            &_sjexnpdsgnGlyphStyle4, &_sjexnpdsgnGlyphStyle5,
                                            &_sjexnpdsgnGlyphStyle6, &_sjexnpdsgnGlyphStyle7}),
-                                    2, 4, 4, 200, 180);
+                                    DefaultGlyphStyle, 4, 4, 200, 180);
     rgGlyphOrient = PlaceRadioGroup(Page, "rgGlyphOrient", rtl::LoadResString(_sjexnpdsgnGlyphOrient),
                                     Texts({&_sjexnpdsgnHorizontal, &_sjexnpdsgnVertical}), 0, 4, 188, 200, 56);
 
@@ -407,7 +400,7 @@ void TjexdfNavDesignForm::ShowPageState(const std::string& Hint, bool Finishing)
 }
 
 int TjexdfNavDesignForm::GlyphStyle() const {
-    return rgGlyphStyles ? rgGlyphStyles->ItemIndex() : DefaultSizeItem;
+    return rgGlyphStyles ? rgGlyphStyles->ItemIndex() : DefaultGlyphStyle;
 }
 
 bool TjexdfNavDesignForm::VerticalGlyphs() const {

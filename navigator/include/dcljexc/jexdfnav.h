@@ -157,7 +157,13 @@ protected:
     void ShowPageState(const std::string& Hint, bool Finishing);
     // A control owned by the form, named and placed on Parent.
     template <class T> T* Place(vcl::TWinControl* Parent, const char* Name, int Left, int Top, int Width,
-                                int Height);
+                                int Height) {
+        T* c = new T(this);
+        c->SetName(Name);
+        c->SetParent(Parent);
+        c->SetBounds(Left, Top, Width, Height);
+        return c;
+    }
     vcl::TLabel* PlaceLabel(vcl::TWinControl* Parent, const char* Name, const std::string& Caption, int Left,
                             int Top, vcl::TWinControl* FocusControl);
     vcl::TRadioGroup* PlaceRadioGroup(vcl::TWinControl* Parent, const char* Name, const std::string& Caption,
