@@ -41,13 +41,6 @@ protected:
     static std::string Text(TFormDriver& f, const std::string& Name) { return f.Get<TEdit>(Name)->Text(); }
     static bool Showing(TFormDriver& f, const std::string& Name) { return f.Control(Name)->Visible(); }
     static int Page(TFormDriver& f) { return f.Get<TNotebook>("Notebook")->PageIndex(); }
-    // A bitmap of three 10 x 10 glyph images side by side.
-    static void Bitmap3x(const std::filesystem::path& File) {
-        TBitmap bmp;
-        bmp.SetWidth(30);
-        bmp.SetHeight(10);
-        bmp.SaveToFile(File.string());
-    }
 
     TjexNavPanel* Panel = nullptr;
 };
@@ -361,22 +354,6 @@ TEST_F(NavButtonEditor, CancelLeavesTheButtonAsItWas) {
         f.Click("btnCancel");
     }));
     EXPECT_EQ(Designer->SaveToText(), before);
-}
-
-TEST_F(NavButtonEditor, CustomGlyphsComeFromTheIniFile) {
-    // A 3-image bitmap named for the vertical orientation only falls back to the horizontal key.
-    std::filesystem::create_directories(Dir / "glyphs");
-    Bitmap3x(Dir / "glyphs" / "next.bmp");
-    WriteIni("[NavPanel Custom Buttons]\nPath=" + (Dir / "glyphs").string() +
-             "\njexnpNext=next.bmp\njexnpNextNumGlyphs=3\n");
-    auto* b = Button<TjexnpNext>();
-    EXPECT_TRUE(Edit(b, [&](TFormDriver& f) {
-        f.Select("rgGlyphStyles", 6);
-        f.Select("rgGlyphOrient", 1);
-        NextUntilClosed(f);
-    }));
-    EXPECT_EQ(b->NumGlyphs(), 3);
-    EXPECT_EQ(b->Glyph()->Width(), 30);
 }
 
 TEST_F(NavButtonEditor, NoButtonIsAClearError) {

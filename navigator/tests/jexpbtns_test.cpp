@@ -111,17 +111,6 @@ TEST_F(NavEditors, DeleteAllButtonsAnsweredYesFreesEveryControlOfThePanel) {
     EXPECT_EQ(panel->ControlCount(), 0);
 }
 
-TEST_F(NavEditors, TheToolbarEditorDeletesItsControlsToo) {
-    auto* bar = Drop<TjexNavToolbar>(nullptr, 8, 8, 200, 30);
-    Drop<TjexnpFirst>(bar, 1, 1);
-    Drop<TjexnpIndexCombo>(bar, 30, 1);
-    Designer->SetModified(false);
-    UI.AnswerMessage(mrYes);
-    EditorFor<TjexNavToolbarEditor>(bar)->ExecuteVerb(1);
-    EXPECT_EQ(bar->ControlCount(), 0);
-    EXPECT_TRUE(Designer->IsModified());
-}
-
 TEST_F(NavEditors, AddNavigatorButtonsMarksTheFormModifiedOnlyWhenButtonsWereMade) {
     for (rtl::TClass cls : {TjexNavPanel::StaticClass(), TjexNavToolbar::StaticClass()}) {
         SCOPED_TRACE(cls->ClassName());

@@ -1,8 +1,6 @@
 // Helpers of the navigator designer tests.
 #include "naveditors_testutil.h"
 
-#include <fstream>
-
 #include "rtl/sysutils.h"
 
 namespace dcljexc {
@@ -54,11 +52,6 @@ std::vector<std::string> NavigatorEditing::ChildNames(vcl::TWinControl* Panel) {
     for (int i = 0; i < Panel->ControlCount(); ++i)
         names.push_back(Panel->Controls(i)->Name());
     return names;
-}
-
-void NavigatorEditing::WriteIni(const std::string& Text) const {
-    std::ofstream f(Dir / "system" / "jex_4_d.ini", std::ios::binary);
-    f << Text;
 }
 
 } // namespace naveditors

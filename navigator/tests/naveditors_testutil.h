@@ -1,6 +1,6 @@
 // Helpers of the navigator designer tests: a form under design in a real designer, with the units the
-// navigator designers use started, the scripted user interface installed and a temporary system folder
-// (where the custom-button INI file is looked for).
+// navigator designers use started, the scripted user interface installed and an empty temporary system folder
+// (so that no custom-button INI file is found).
 #pragma once
 
 #include <gtest/gtest.h>
@@ -31,8 +31,6 @@ protected:
     }
     // Names of the controls on a panel, in child order.
     static std::vector<std::string> ChildNames(vcl::TWinControl* Panel);
-    // Writes the custom-button INI file in the system folder.
-    void WriteIni(const std::string& Text) const;
 
     std::filesystem::path Dir;
     vcl::TScriptedUI UI;
