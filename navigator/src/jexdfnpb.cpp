@@ -30,15 +30,6 @@ enum TPage { pgGlyphs, pgCaptionStyle, pgButtonSize, pgCaptionHint };
 constexpr int RowTop[3] = {24, 64, 104};
 constexpr int LabelLeft = 16, EditLeft = 96, EditWidth = 320, EditHeight = 21;
 
-TEdit* PlaceEdit(TjexdfNavBtnEdit* Form, TWinControl* Page, const char* Name, int Row) {
-    auto* e = new TEdit(Form);
-    e->SetName(Name);
-    e->SetParent(Page);
-    e->SetBounds(EditLeft, RowTop[Row], EditWidth, EditHeight);
-    e->SetText(""); // naming an edit puts its name in it
-    return e;
-}
-
 } // namespace
 
 JEX_IMPLEMENT_CLASS(TjexdfNavBtnEdit, TjexdfNavDesignForm, "Jexdfnpb") {}
@@ -56,18 +47,20 @@ TjexdfNavBtnEdit::TjexdfNavBtnEdit(rtl::TComponent* AOwner) : TjexdfNavDesignFor
     BuildButtonSizePage(Notebook->Page(pgButtonSize));
 
     TWinControl* page = Notebook->Page(pgCaptionHint);
-    edHint = PlaceEdit(this, page, "edHint", 0);
+    edHint = Place<TEdit>(page, "edHint", EditLeft, RowTop[0], EditWidth, EditHeight);
     lblHint = PlaceLabel(page, "lblHint", rtl::LoadResString(_sjexnpdsgnBtnEditLblHint), LabelLeft,
                          RowTop[0] + 3, edHint);
-    edHintDown = PlaceEdit(this, page, "edHintDown", 1);
+    edHintDown = Place<TEdit>(page, "edHintDown", EditLeft, RowTop[1], EditWidth, EditHeight);
     lblHintDown = PlaceLabel(page, "lblHintDown", rtl::LoadResString(_sjexnpdsgnBtnEditLblHintDown),
                              LabelLeft, RowTop[1] + 3, edHintDown);
-    edCaption = PlaceEdit(this, page, "edCaption", 2);
+    edCaption = Place<TEdit>(page, "edCaption", EditLeft, RowTop[2], EditWidth, EditHeight);
     lblCaption = PlaceLabel(page, "lblCaption", rtl::LoadResString(_sjexnpdsgnBtnEditLblCaption), LabelLeft,
                             RowTop[2] + 3, edCaption);
     for (TControl* c :
          std::initializer_list<TControl*>{lblHint, edHint, lblHintDown, edHintDown, lblCaption, edCaption})
         c->SetVisible(false);
+    for (TEdit* e : {edHint, edHintDown, edCaption})
+        e->SetText(""); // naming an edit puts its name in it
 
     btnPrev->OnClick = rtl::TNotifyEvent(this, &TjexdfNavBtnEdit::PrevClick);
     btnNext->OnClick = rtl::TNotifyEvent(this, &TjexdfNavBtnEdit::NextClick);
