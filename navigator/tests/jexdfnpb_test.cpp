@@ -2,6 +2,7 @@
 // through, what page 3 proposes, and what OK and Cancel do to the button.
 #include <functional>
 
+#include "../../catalogue/tests/catalogue_testutil.h"
 #include "dcljexc/jexdfnpb.h"
 #include "naveditors_testutil.h"
 #include "rtl/sysutils.h"
@@ -287,10 +288,15 @@ TEST_F(NavButtonEditor, OKGivesTheButtonTheChosenLookTextsAndSize) {
     EXPECT_EQ(b->Caption(), "Onward");
     EXPECT_EQ(b->Hint(), "Onward|Next record");
     EXPECT_EQ(b->BoundsRect(), Bounds(5, 6, 30, 30));
-    // The large coloured glyph set: two 18 x 18 images.
+    // The large coloured glyph of the Next kind.
     EXPECT_EQ(b->NumGlyphs(), 2);
-    EXPECT_EQ(b->Glyph()->Width(), 36);
-    EXPECT_EQ(b->Glyph()->Height(), 18);
+    cattest::TPackageModuleScope package;
+    const std::vector<uint8_t>* bytes = rtl::FindBitmapResource(package.Module(), "JEXNP_NEXT0");
+    ASSERT_NE(bytes, nullptr);
+    TBitmap expected;
+    expected.LoadFromBytes(*bytes);
+    expected.SetPixelFormat(pf4bit);
+    EXPECT_TRUE(b->Glyph()->Equals(&expected));
 }
 
 TEST_F(NavButtonEditor, OKGivesATwoStateButtonItsUpAndDownHints) {
