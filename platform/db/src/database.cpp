@@ -75,7 +75,9 @@ void TDatabase::SetDriverName(const std::string& Value) {
 void TDatabase::SetDatabaseName(const std::string& Value) {
     if (Value == FDatabaseName) return;
     CheckInactive();
-    if (FSession && !Value.empty()) {
+    // A form being read may name a database that another open form already has (the designer reads a
+    // pasted or reopened copy next to the original): the name is only checked when set by hand.
+    if (FSession && !Value.empty() && !ComponentState().Contains(rtl::csReading)) {
         TDatabase* other = FSession->FindDatabase(Value);
         if (other && other != this) throw EDatabaseError(Format(SDuplicateDatabase, {Value}));
     }

@@ -1,4 +1,6 @@
 // Sessions, aliases from the configuration file, databases and the driver registry.
+#include <memory>
+
 #include "dbtest.h"
 
 using namespace db;
@@ -110,6 +112,16 @@ TEST_F(SessionTest, DatabaseNamesIncludeDatabaseComponents) {
     EXPECT_EQ(Lines(&names), (std::vector<std::string>{"AppData", "TESTDB"}));
     TDatabase dup(nullptr);
     EXPECT_THROW(dup.SetDatabaseName("APPDATA"), EDatabaseError);
+    // A form file read next to the database (a pasted copy) keeps the name it was written with.
+    dup.SetName("Copy");
+    dup.SetDatabaseName("Other");
+    std::string text = rtl::WriteComponentText(&dup);
+    for (size_t at = text.find("Other"); at != std::string::npos; at = text.find("Other"))
+        text.replace(at, 5, "AppData");
+    rtl::RegisterClass(TDatabase::StaticClass());
+    std::unique_ptr<rtl::TComponent> read(rtl::ReadComponentText(text, nullptr));
+    rtl::UnRegisterClass(TDatabase::StaticClass());
+    EXPECT_EQ(dynamic_cast<TDatabase&>(*read).DatabaseName(), "AppData");
 
     // A table through the database component ends up in the alias's file.
     TTable t(nullptr);
